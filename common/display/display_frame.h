@@ -1,0 +1,34 @@
+/// The frame around every `Display` of a class: its first and its last line.
+///
+///     void QVBitSet::Display() const {
+///       DisplayFrame frame("QVBitSet");   // "QVBitSet display start"
+///       DisplayBV("fbVec", fbVec);
+///     }                                   // "QVBitSet display end"
+#pragma once
+
+#include <string>
+
+#include "QVDisplay.h"
+
+namespace QVDisplay_940 {
+
+class DisplayFrame {
+ public:
+  explicit DisplayFrame(const std::string & className)
+      : DisplayFrame(className + " display start", className + " display end") {}
+
+  /// For the classes whose lines read otherwise.
+  DisplayFrame(const std::string & startLine, std::string endLine) : fEndLine(std::move(endLine)) {
+    DisplayText(1, startLine);
+  }
+
+  ~DisplayFrame() { DisplayText(1, fEndLine); }
+
+  DisplayFrame(const DisplayFrame &) = delete;
+  DisplayFrame & operator=(const DisplayFrame &) = delete;
+
+ private:
+  std::string fEndLine;
+};
+
+}  // namespace QVDisplay_940
