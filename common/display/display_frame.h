@@ -1,5 +1,8 @@
 /// The frame around every `Display` of a class: its first and its last line.
 ///
+/// The last line is written by a destructor, so a failure of the stream there is dropped: it must
+/// not end the process.
+///
 ///     void QVBitSet::Display() const {
 ///       DisplayFrame frame("QVBitSet");   // "QVBitSet display start"
 ///       DisplayBV("fbVec", fbVec);
@@ -7,6 +10,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "QVDisplay.h"
 
@@ -22,7 +26,12 @@ class DisplayFrame {
     DisplayText(1, startLine);
   }
 
-  ~DisplayFrame() { DisplayText(1, fEndLine); }
+  ~DisplayFrame() {
+    try {
+      DisplayText(1, fEndLine);
+    } catch (...) {
+    }
+  }
 
   DisplayFrame(const DisplayFrame &) = delete;
   DisplayFrame & operator=(const DisplayFrame &) = delete;
