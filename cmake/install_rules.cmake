@@ -22,6 +22,10 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvcommon940r-config.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/qvcommon940r-config-version.cmake
         DESTINATION ${package_dir})
 
+# The pkg-config file finds the tree from its own place, so that the tree can be moved.
+file(RELATIVE_PATH qvcommon_pc_prefix
+     ${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" qvcommon_pc_prefix ${qvcommon_pc_prefix})
 configure_file(cmake/qvcommon940r.pc.in qvcommon940r.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvcommon940r.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

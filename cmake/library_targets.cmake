@@ -1,7 +1,7 @@
 # The shared library with its versioned SONAME and its export list, and the static library.
 
-add_library(qvcommon940r SHARED)
-target_link_libraries(qvcommon940r PRIVATE qvcommon940r_objects ${CMAKE_DL_LIBS})
+add_library(qvcommon940r SHARED $<TARGET_OBJECTS:qvcommon940r_objects>)
+target_link_libraries(qvcommon940r PRIVATE ${CMAKE_DL_LIBS})
 target_include_directories(qvcommon940r INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/qvcommon940r>)
@@ -18,8 +18,8 @@ endif()
 add_library(qvcommon940r::qvcommon940r ALIAS qvcommon940r)
 
 # The tests of internals link this one: it hides nothing.
-add_library(qvcommon940r_static STATIC)
-target_link_libraries(qvcommon940r_static PRIVATE qvcommon940r_objects PUBLIC ${CMAKE_DL_LIBS})
+add_library(qvcommon940r_static STATIC $<TARGET_OBJECTS:qvcommon940r_objects>)
+target_link_libraries(qvcommon940r_static PUBLIC ${CMAKE_DL_LIBS})
 target_include_directories(qvcommon940r_static INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/qvcommon940r>)
