@@ -1,0 +1,477 @@
+/// The dense symmetric matrix: the lower triangle in one packed vector of doubles.
+///
+/// It holds cross-products, covariances and correlations, is swept for regression (`Sweep`),
+/// factored by Cholesky, multiplied and taken apart, all in place on the packed storage:
+///
+///     position   0      1      2      3      4      5     ...   element (i, j), i >= j,
+///     element  (0,0)  (1,0)  (1,1)  (2,0)  (2,1)  (2,2)   ...   stands at i(i+1)/2 + j
+///
+/// (i, j) and (j, i) are one and the same double. Rows and columns count from 0.
+///
+///     QVMath_940::QVSymMatrix xprod(3, true);       // 3 x 3, all 0.0
+///     xprod.UpdateXX({1.0, 2.0, 5.0}, 1.0);         // += x x-transpose, once for each case
+///     QVMath_940::QVBitSet swept;
+///     double logDet;
+///     xprod.SweepOnMany(2, 1e-12, true, swept, logDet, true, nullptr);  // regress 2 on 0 and 1
+///     std::vector<double> b;
+///     xprod.GetRegCoeffs(b, swept);
+///
+/// Guarantees.
+/// Errors are results: false (or nothing done where the result is void), and the matrix stays as it
+/// was unless the operation says otherwise. Storage that cannot be obtained makes the matrix
+/// invalid: `GetNRows` gives -1, `IsValidMatrix` false, and every operation finds no rows. Test
+/// `IsValidMatrix` after building or resizing a large matrix. Only local scratch, where an
+/// operation needs some, can throw std::bad_alloc.
+/// Missing values are not known here: -1.8e308 is a number like every other.
+/// The matrix owns its elements; copies are deep. Different objects may be used from different
+/// threads, one object from one thread at a time.
+///
+/// Blocks are a view of the rows and change nothing in the storage: a matrix of `GetNBlocks` blocks
+/// of `GetBlockSize` rows lets the four-index `GetElem` address element (i, j) of block (p, q).
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "IQVSymMatrix.h"
+#include "QVBitSet.h"
+#include "QVExport.h"
+
+namespace QVMath_940 {
+
+class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
+ public:
+  // === Construction, order, blocks ==============================================================
+
+  /// 0 rows, 0 blocks, block size 0.
+  QVSymMatrix();
+
+  /// n rows, 1 block of size n, all elements 0.0; a negative n counts as 0. (`zero` false promises
+  /// nothing about the elements.)
+  QVSymMatrix(int n, bool zero);
+
+  /// `blocks` x `blockSize` rows; either argument below 1 gives 0 rows, 0 blocks and block size 0.
+  QVSymMatrix(int blocks, int blockSize, bool zero);
+
+  /// Deep copies; a copy whose storage cannot be obtained is invalid.
+  QVSymMatrix(const QVSymMatrix & other);
+  QVSymMatrix & operator=(const QVSymMatrix & other);
+
+  /// Take the storage over and leave `other` with 0 rows.
+  QVSymMatrix(QVSymMatrix && other) noexcept;
+  QVSymMatrix & operator=(QVSymMatrix && other) noexcept;
+
+  ~QVSymMatrix() override;
+
+  /// `SymMatrixDense`.
+  SymMatrixType GetType() const override;
+
+  /// The order n; -1 for an invalid matrix.
+  int GetNRows() const override;
+
+  /// Number of blocks: 1 unless set, 0 for a matrix built from a block shape below 1.
+  int GetNBlocks() const;
+
+  /// Rows in each block.
+  int GetBlockSize() const;
+
+  /// True when the number of rows is not negative.
+  bool IsValidMatrix() const override;
+
+  /// Divides the rows into b blocks of n / b rows. False when b or n is below 1 or b does not
+  /// divide n; nothing changes then.
+  bool SetNBlocks(int b);
+
+  /// Gives the matrix n rows (a negative n counts as 0) in 1 block. Rows are packed in order, so
+  /// the leading rows keep their values; new elements are 0.0. False when the storage could not be
+  /// obtained: the matrix is invalid then.
+  bool Resize(int n) override;
+
+  /// As `Resize`, but a negative n leaves 0 blocks; with `zero` true all elements become 0.0.
+  bool SetNRows(int n, bool zero) override;
+
+  /// Takes the rows, the blocks and all elements of `other`; false (and an invalid matrix) when the
+  /// storage could not be obtained.
+  bool SetData(const QVSymMatrix & other);
+
+  /// Removes row and column k; the rows behind it move up. The block size becomes n - 1; the number
+  /// of blocks is not touched, so that set blocks no longer fit: call `SetNBlocks` again. False for
+  /// a bad k.
+  bool DeleteOneRow(int k);
+
+  /// Shapes `elements` for n rows when n is above 0, else empties it. A failed allocation empties
+  /// it and sets n to -1. The result is true when n is not negative.
+  static bool ResizeNRows(std::vector<double> & elements, int & n);
+
+  /// elements = source; false when the storage could not be obtained (`elements` stays as it was).
+  static bool ResizeNCopy(std::vector<double> & elements, const std::vector<double> & source);
+
+  /// The place of element (i, j) in the packed storage. Takes the indexes in either order.
+  static std::size_t PackedPosition(int i, int j) {
+    return i < j ? RowStart(j) + static_cast<std::size_t>(i)
+                 : RowStart(i) + static_cast<std::size_t>(j);
+  }
+
+  /// The place of element (i, 0): i(i+1)/2, which is also the number of elements of a matrix of
+  /// order i.
+  static std::size_t RowStart(int i) {
+    return static_cast<std::size_t>(i) * (static_cast<std::size_t>(i) + 1) / 2;
+  }
+
+  // === Elements and rows ========================================================================
+  // (`double GetElem(int p) const` and `AdjustOffDiagCorr` stand with the virtual operations
+  // below.)
+
+  /// Element (i, j) or, the same, (j, i). No bounds test.
+  double GetElem(int i, int j) const override;
+
+  /// Element (i, j) of block (p, q): element (p x block size + i, q x block size + j) of the whole
+  /// matrix. No bounds test.
+  double GetElem(int p, int q, int i, int j) const;
+
+  /// Stores element (i, j). No bounds test; always true.
+  bool SetElem(int i, int j, double value) override;
+
+  /// Stores at position p of the packed storage; false for p outside 0 .. n(n+1)/2 - 1.
+  bool SetElem(int p, double value);
+
+  /// The packed elements, row after row, for inner loops. They belong to the matrix; do not change
+  /// the vector's size.
+  std::vector<double> & AsVector() { return fElements; }
+  const std::vector<double> & AsVector() const { return fElements; }
+
+  /// Copies the diagonal to `diagonal`, which takes size n.
+  void GetDiagonal(std::vector<double> & diagonal) const override;
+
+  /// Copies the full symmetric row k to `row`, which takes size n; false for a bad k.
+  bool GetRow(int k, std::vector<double> & row) const override;
+
+  /// Stores row and column k from the full row; false for a bad k or a row shorter than n.
+  bool PutRow(int k, const std::vector<double> & row) override;
+
+  /// Sets row and column k to `value`, the diagonal element included; false for a bad k.
+  bool SetRowColToConst(int k, double value) override;
+
+  /// Sets row and column k to 0.0; false for a bad k.
+  bool ZeroOut(int k) override;
+
+  /// `ZeroOut` on each row that is not in `kept`; false when `kept` has fewer than n bits.
+  bool ZeroOutRedundant(const QVBitSet & kept);
+
+  /// True when element (k, j) is 0.0 for every column j of `columns` below m = min(n, its size).
+  /// False for a bad k and for m below 1.
+  bool IsZeroRow(int k, const QVBitSet & columns) const override;
+
+  /// v[start + j] += w x element j of row k, for j from 0 to len - 1. With `check` true: false for
+  /// a bad k, for len below 1 or above n, for start negative or start + len above the size of v.
+  bool IncrVecByRow(int k, std::vector<double> & v, int start, int len, double w,
+                    bool check) const override;
+
+  // === The whole matrix and its diagonal ========================================================
+
+  /// Sets all elements to 0.0.
+  void Clear() override;
+
+  /// Multiplies every element by -1.0.
+  void ChangeSign() override;
+
+  /// Multiplies every element by `value`.
+  void MultiplyByNumber(double value) override;
+
+  /// Adds `value` to every diagonal element.
+  void AddToDiagonal(double value) override;
+
+  /// Adds `value` to the diagonal elements start .. start + count - 1. False unless start and count
+  /// are not negative and start + count is strictly below n. Beware: a range that ends on the last
+  /// row is refused.
+  bool AddToDiagonalPart(int start, int count, double value);
+
+  /// Sum of the diagonal, in row order; 0.0 without rows.
+  double Trace() const override;
+
+  /// Largest and smallest diagonal element; without rows the outputs stay as they were.
+  void MaxMinDiag(double & max, double & min) const override;
+
+  /// The same, and the largest and smallest element below the diagonal. With one row the latter
+  /// pair is the lowest and the largest double: the values the search starts from.
+  void MaxMinDiagOffDiag(double & maxDiag, double & minDiag, double & maxOff,
+                         double & minOff) const override;
+
+  /// A reference diagonal for tolerance tests. Beware: both numbers are ignored; every element
+  /// becomes the largest diagonal element, floored at 0.0. `GetNCheckDiagonalOld` does what the
+  /// arguments promise.
+  void GetNCheckDiagonal(std::vector<double> & diagonal, double threshold,
+                         double replacement) const override;
+
+  /// The diagonal with each element below `threshold` replaced by `replacement`.
+  void GetNCheckDiagonalOld(std::vector<double> & diagonal, double threshold,
+                            double replacement) const;
+
+  // === Cleaning =================================================================================
+
+  /// With m the largest diagonal element: each diagonal element d becomes m when d is not above 0.0
+  /// or d / m is not above t. False, and nothing done, for a negative t or when m is not above 0.0.
+  bool ReplaceDiagZeroes(double t);
+
+  /// For each k where this matrix or `other` has a diagonal element that is not above 0.0:
+  /// `ZeroOut(k)` on both. False when the orders differ.
+  bool SetCovarZeros(QVSymMatrix & other);
+
+  /// Clears every element, the diagonal included, whose absolute value is below `fraction` x (the
+  /// largest absolute diagonal element). Does nothing unless that bound is above 0.0.
+  void ZeroOutAllSmall(double fraction);
+
+  /// Clears each element (i, j) below the diagonal whose absolute value is not above `fraction` x
+  /// sqrt(|a_ii| |a_jj|): small as a correlation. The bound itself is cleared. Does nothing unless
+  /// `fraction` is above 0.0.
+  void ZeroOutNonDiag(double fraction) override;
+
+  /// `ZeroOut` on each row whose |a_kk| is below `fraction` x the largest |a_ii| so far (i up to
+  /// k), or for which that maximum is still 0.0. Beware: the maximum runs, so that a large diagonal
+  /// element does not reach back to earlier rows. Does nothing unless `fraction` is above 0.0.
+  void ZeroOutRowsForSmallDiag(double fraction);
+
+  // === Updates by vectors =======================================================================
+
+  /// This matrix becomes x x-transpose, in 1 block; false when the storage could not be obtained.
+  bool SetToVV(const std::vector<double> & x);
+
+  /// This matrix becomes x y-transpose + y x-transpose (with no factor of one half), in 1 block;
+  /// false when the sizes differ or the storage could not be obtained.
+  bool SetToVW(const std::vector<double> & x, const std::vector<double> & y);
+
+  /// a_ij += (w x_i) x_j; x holds at least n values.
+  void IncrementByVV(const double * x, double w);
+
+  /// a_ij += (x_i w) x_j; rows with x_i = 0.0 are skipped, whatever stands in the others. False
+  /// when the size of x is not n or w is not above 0.0.
+  bool UpdateXX(const std::vector<double> & x, double w);
+
+  /// `UpdateXX` with any w: negative (which takes a case out again) and 0.0 included.
+  bool UpdateXXPosNegW(const std::vector<double> & x, double w);
+
+  /// `UpdateXXPosNegW` on the rows and columns that are in `rows` alone; false when the size of x
+  /// is not n.
+  bool UpdateXXNonRedun(const std::vector<double> & x, const QVBitSet & rows, double w);
+
+  /// `UpdateXX` by a sparse x: x[p] stands at row rows[p], for p below `count`. For each pair p, q
+  /// with rows[p] >= rows[q]: a(rows[p], rows[q]) += (w x[p]) x[q]. False when a vector is shorter
+  /// than `count`, when w is not above 0.0, or on the first row out of range: beware, part of the
+  /// update may be done then.
+  bool UpdateXXSparse(int count, const std::vector<int> & rows, const std::vector<double> & x,
+                      double w);
+
+  /// The update by the vector (x, z), z standing in the last row: the leading n - 1 rows as in
+  /// `UpdateXX`, then a(n-1, j) += (z w) x_j and a(n-1, n-1) += (z w) z. x holds n - 1 values.
+  /// Nothing is tested; always true.
+  bool UpdateZZ(const std::vector<double> & x, double z, double w);
+
+  // === Parts of the matrix ======================================================================
+
+  /// Copies the leading k rows of m over those of this matrix; false for k below 1 or above either
+  /// order.
+  bool ReplaceFirstRows(const QVSymMatrix & m, int k);
+
+  /// `out` = all rows but the last: the N of the name is n - 1. With n below 2 `out` gets 0 rows.
+  /// Does nothing unless `out` is a `QVSymMatrix`.
+  void ExtractFirstNRows(IQVSymMatrix & out) const override;
+
+  /// `out` = the rows and columns listed; no rows listed give 0 rows. False when there are more
+  /// than n, when they are not strictly ascending within 0 .. n - 1, when `out` is not a
+  /// `QVSymMatrix` or its storage could not be obtained.
+  bool ExtractSubmatrix(const std::vector<int> & rows, IQVSymMatrix & out) const override;
+
+  /// Adds the diagonal block of rows start .. start + size - 1 to what `out` holds: clear it first
+  /// to get a copy. False when start is negative, start + size is above n, or `out` does not have
+  /// `size` rows.
+  bool ExtractDiagBlock(int start, int size, QVSymMatrix & out) const;
+
+  /// Adds that diagonal block to the leading rows of `out`, elements start .. start + size - 1 of
+  /// the last row to its last row, and the last diagonal element to its last one. False when start
+  /// or size is negative, start + size is not below n, or `out` does not have size + 1 rows.
+  bool ExtractBlockAndLastRow(int start, int size, QVSymMatrix & out) const;
+
+  /// Copies elements start .. start + size - 1 of the last row to the front of v, which grows to
+  /// `size` when it is smaller. False for a negative start, for size below 1 and for start + size
+  /// above n.
+  bool ExtractPartOfLastRow(int start, int size, std::vector<double> & v) const;
+
+  /// The coefficients of a regression: the last row without its diagonal element, b[j] being 0.0
+  /// for each j that is not in `swept`; b takes size n - 1. For a matrix swept on the predictors
+  /// whose last row is the response. False when `swept` has fewer than n - 1 bits.
+  bool GetRegCoeffs(std::vector<double> & b, const QVBitSet & swept) const;
+
+  // === Sweep ====================================================================================
+  // With K the swept rows and J the others, the matrix A has become
+  //     K with K: minus the inverse of A_KK      J with K: A_JK times the inverse of A_KK
+  //     J with J: A_JJ minus the part explained by K
+  // `swept` is the only record of which rows are in K: keep it with the matrix. `ref` holds n
+  // reference values, normally the diagonal before any sweep: a pivot must be above tol x ref[k].
+
+  /// Sweeps row k, or, when bit k is set, sweeps it back. In place, with no allocation.
+  ///
+  /// Going forward the row is refused (false, nothing changed) when tol x ref[k] is not below
+  /// the pivot, or when the sweep would take the pivot of a row swept earlier below its tolerance:
+  /// with d = element (j, j) of that row after the sweep, d tol ref[j] must be above -1.0. A NaN is
+  /// refused. A reverse sweep is never refused; over a pivot of 0.0 it stores infinities.
+  ///
+  /// With `check` true also false when k is out of range, tol is not above 0.0, `swept` has fewer
+  /// than n bits, or any of the n values of ref is negative. With `check` false a bad k is the
+  /// caller's fault.
+  bool Sweep(int k, double tol, const double * ref, QVBitSet & swept, bool check);
+
+  /// The same; with `check` true also false when ref has fewer than n values.
+  bool Sweep(int k, double tol, const std::vector<double> & ref, QVBitSet & swept, bool check);
+
+  /// `Sweep` in its plain form, element by element: the same tests and, to the last bit, the same
+  /// results.
+  bool SweepOrig(int k, double tol, const std::vector<double> & ref, QVBitSet & swept, bool check);
+
+  /// Sweeps every row in order, from an unswept matrix: `swept` takes n bits, all cleared first. A
+  /// refused row stays unswept and its bit clear. Then `zeroRedundant` clears the rows and columns
+  /// that stayed unswept, and `changeSign` turns all signs, so that both together leave a
+  /// generalised inverse (g2) of the matrix.
+  ///
+  /// A null `ref` stands for the diagonal. With `check` true the result is false when tol is not
+  /// above 0.0 or a value of ref is negative: no row is swept then, but beware, the two last steps
+  /// still run. Otherwise each ref[i] below 1.0 becomes 1.0, in the caller's array. The result says
+  /// that the arguments passed; read `swept` for the rows.
+  bool SweepOnAll(double tol, QVBitSet & swept, bool check, bool zeroRedundant, bool changeSign,
+                  double * ref);
+
+  /// Sweeps the first `count` rows in order. Their bits are cleared first; the bits of the others
+  /// stay as they are (a set of size 0 takes n bits). logDet becomes the sum of log(d) over the
+  /// swept rows with d above 0.0: d is the pivot with `useOldPivot` true, which makes logDet the
+  /// log determinant of the leading block, and its reciprocal with false, which turns the sign.
+  ///
+  /// A null `ref` stands for the diagonal. With `check` true false, and nothing swept, when count
+  /// is not in 1 .. n, tol is not above 0.0, a value of ref is negative or `swept` has fewer than
+  /// `count` bits: logDet keeps its value. Otherwise each ref[i] below 1.0 becomes 1.0, in the
+  /// caller's array. A refused pivot does not change the result.
+  bool SweepOnMany(int count, double tol, bool useOldPivot, QVBitSet & swept, double & logDet,
+                   bool check, double * ref);
+
+  /// Sweeps the listed rows in list order; a row that stands swept is swept back. No bit is cleared
+  /// first, so that this continues an earlier sweep (a set of size 0 takes n bits).
+  ///
+  /// A null `ref` stands for the diagonal. With `check` true false, and nothing swept, when a value
+  /// of ref is negative, `swept` has fewer than n bits or a listed row is out of range; tol is not
+  /// tested. Otherwise each ref[i] below 1.0 becomes 1.0, in the caller's array.
+  bool SweepOnSelected(const std::vector<int> & rows, double tol, QVBitSet & swept, bool check,
+                       double * ref);
+
+  // === Cholesky =================================================================================
+
+  int LTChol(const std::vector<double> & ref, double tol, bool check) override;
+  int LTChol(const std::vector<double> & ref, double tol, QVBitSet & accepted, bool check) override;
+  int LTChol(double tol, double & minDiag, bool check) override;
+  int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out) const override;
+  int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
+                  QVBitSet & accepted) const override;
+  int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
+                  double & minDiag) const override;
+  int LTDetInverse(double * const det, int job) override;
+  bool LTInverse() override;
+  void LTLLTrans() override;
+  void LTLTransL() override;
+  int LTSolve(const std::vector<double> & b, double tol, std::vector<double> & x) override;
+  bool ComputeDeterminant(double tol, double * const det) const override;
+
+  // === Products with vectors ====================================================================
+
+  bool ComputeSV(const std::vector<double> & v, std::vector<double> & out) const override;
+  bool ComputeSV(int k, const std::vector<double> & v, std::vector<double> & out) const override;
+  bool ComputeLV(const std::vector<double> & v, std::vector<double> & out) const override;
+  bool ComputeLV(const std::vector<int> & rows, const std::vector<double> & v,
+                 std::vector<double> & out) const override;
+  bool ComputeLTransV(const std::vector<double> & v, std::vector<double> & out) const override;
+  bool ComputeLTransV(const std::vector<int> & rows, const std::vector<double> & v,
+                      std::vector<double> & out) const override;
+  double ComputeRVD(int i, const double * v, int stride) const override;
+  double ComputeRVD(int i, const std::vector<double> & v, int stride) const override;
+
+  // === Quadratic forms ==========================================================================
+
+  double ComputeVSV(const std::vector<double> & v) const override;
+  double ComputeVSV(const IQVRectMatrix & r, int k) const override;
+  double ComputeVSW(const std::vector<double> & v, const std::vector<double> & w) const override;
+  double ComputeVSW(const double * v, int strideV, const double * w, int strideW) const override;
+  double ComputeVSW(const std::vector<double> & v, int m, int r, int c) const override;
+  double ComputeVSWParts(const double * v, int nv, const double * w, int nw) const override;
+  double ComputeVSWParts(const std::vector<double> & v, int nv, const std::vector<double> & w,
+                         int nw) const override;
+
+  // === Products with symmetric matrices =========================================================
+
+  double ComputeDotProduct2Rows(int i, int j) const override;
+  double ComputeRowDotProductS(int i, const std::vector<double> & s, int j) const override;
+  double ComputeRowDotProductS(int i, const IQVSymMatrix & s, int j) const override;
+  void ComputeSTransS(IQVSymMatrix & out) const override;
+  bool ComputeSS(const IQVSymMatrix & t, IQVRectMatrix & out) const override;
+  bool ComputeGMG(const std::vector<double> & g, QVSymMatrix & out) const override;
+  bool ComputeGSG(const IQVSymMatrix & g, IQVSymMatrix & out) const override;
+  bool ComputeMGN(const IQVSymMatrix & m, const IQVSymMatrix & n,
+                  IQVSymMatrix & out) const override;
+  bool ComputeGMGNG(const IQVSymMatrix & m, const IQVSymMatrix & n, IQVSymMatrix & out,
+                    std::vector<double> & work) const override;
+  bool ComputeLSLTrans(const IQVSymMatrix & l, IQVSymMatrix & out) const override;
+  bool ComputeLTransSL(const IQVSymMatrix & l, IQVSymMatrix & out, int copies) const override;
+  bool ComputeAXpY(double a, const IQVSymMatrix & x) override;
+
+  // === Products with rectangular matrices =======================================================
+
+  bool ComputeRS(const IQVRectMatrix & r, IQVRectMatrix & out) const override;
+  bool ComputeRTransS(const IQVRectMatrix & r, IQVRectMatrix & out) const override;
+  bool ComputeRSRTrans(const IQVRectMatrix & r, IQVSymMatrix & out) const override;
+  bool ComputeRTransSR(const IQVRectMatrix & r, IQVSymMatrix & out) const override;
+  bool ComputeRTransSV(const IQVRectMatrix & r, const std::vector<double> & v,
+                       std::vector<double> & out) const override;
+
+  // === Traces of products =======================================================================
+
+  double TraceOfProduct(const IQVSymMatrix & t) const override;
+  double TraceOfProductOfThree(const IQVSymMatrix & a, const IQVSymMatrix & b) const override;
+
+  // === Display ==================================================================================
+
+  /// Shows the number of rows, the blocks and the packed triangle.
+  void Display() const override;
+
+  /// Shows the number of rows and every full symmetric row.
+  void DisplayF() const override;
+
+  /// Shows the packed triangle alone.
+  void DisplayS() const;
+
+  // === Virtual operations of this class =========================================================
+  // They stand behind those of the interface in exactly this order.
+
+  /// In a matrix of correlations, pulls the elements below the diagonal back inside (-1, 1): one of
+  /// 1.0 or above becomes 1 - e, one of -1.0 or below -(1 - e). Beware: with e = 0.0 they
+  /// become 1.0 and -1.0. False for e below 0.0 or not below 1.0.
+  virtual bool AdjustOffDiagCorr(double e);
+
+  /// Both dot products in one pass: row i of this matrix by row j of the packed symmetric matrices
+  /// a and b.
+  virtual void ComputeRowDotProductS(int i, const std::vector<double> & a,
+                                     const std::vector<double> & b, int j, double & ra,
+                                     double & rb) const;
+  virtual void ComputeRowDotProductS(int i, const IQVSymMatrix & a, const IQVSymMatrix & b, int j,
+                                     double & ra, double & rb) const;
+
+  /// Position p of the packed storage. No bounds test.
+  virtual double GetElem(int p) const;
+
+ private:
+  bool IsRow(int k) const { return k >= 0 && k < fNRows; }
+  void ResizeAndMarkBlocks(int n);
+  bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
+  bool IsPivotAccepted(int k, double tol, const double * ref, const QVBitSet & swept) const;
+
+  int fNRows = 0;
+  int fNBlocks = 0;
+  int fBlockSize = 0;
+  std::vector<double> fElements;
+};
+
+}  // namespace QVMath_940

@@ -1,0 +1,88 @@
+// These operations answer their refusal until their family stands here: false, -1, 0.0, the missing
+// value, or nothing done.
+#include "QVMV.h"
+#include "QVRectMatrix.h"
+#include "QVSymMatrix.h"
+
+namespace QVMath_940 {
+
+using Rows = std::vector<int>;
+using Vector = std::vector<double>;
+
+// clang-format off
+
+// --- QVSymMatrix: Cholesky ----------------------------------------------------------------------
+int QVSymMatrix::LTChol(const Vector &, double, bool) { return -1; }
+int QVSymMatrix::LTChol(const Vector &, double, QVBitSet &, bool) { return -1; }
+int QVSymMatrix::LTChol(double, double &, bool) { return -1; }
+int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &) const { return -1; }
+int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &, QVBitSet &) const { return -1; }
+int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &, double &) const { return -1; }
+int QVSymMatrix::LTDetInverse(double * const, int) { return -1; }
+bool QVSymMatrix::LTInverse() { return false; }
+void QVSymMatrix::LTLLTrans() {}
+void QVSymMatrix::LTLTransL() {}
+int QVSymMatrix::LTSolve(const Vector &, double, Vector &) { return -1; }
+bool QVSymMatrix::ComputeDeterminant(double, double * const) const { return false; }
+
+// --- QVSymMatrix: products with vectors, quadratic forms ----------------------------------------
+bool QVSymMatrix::ComputeSV(const Vector &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeSV(int, const Vector &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeLV(const Vector &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeLV(const Rows &, const Vector &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeLTransV(const Vector &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeLTransV(const Rows &, const Vector &, Vector &) const { return false; }
+double QVSymMatrix::ComputeRVD(int, const double *, int) const { return 0.0; }
+double QVSymMatrix::ComputeRVD(int, const Vector &, int) const { return 0.0; }
+double QVSymMatrix::ComputeVSV(const Vector &) const { return 0.0; }
+double QVSymMatrix::ComputeVSV(const IQVRectMatrix &, int) const { return 0.0; }
+double QVSymMatrix::ComputeVSW(const Vector &, const Vector &) const { return 0.0; }
+double QVSymMatrix::ComputeVSW(const double *, int, const double *, int) const { return 0.0; }
+double QVSymMatrix::ComputeVSW(const Vector &, int, int, int) const { return 0.0; }
+double QVSymMatrix::ComputeVSWParts(const double *, int, const double *, int) const { return 0.0; }
+double QVSymMatrix::ComputeVSWParts(const Vector &, int, const Vector &, int) const { return 0.0; }
+
+// --- QVSymMatrix: products with matrices, traces ------------------------------------------------
+double QVSymMatrix::ComputeDotProduct2Rows(int, int) const { return 0.0; }
+double QVSymMatrix::ComputeRowDotProductS(int, const Vector &, int) const { return 0.0; }
+double QVSymMatrix::ComputeRowDotProductS(int, const IQVSymMatrix &, int) const { return 0.0; }
+void QVSymMatrix::ComputeRowDotProductS(int, const Vector &, const Vector &, int, double &, double &) const {}
+void QVSymMatrix::ComputeRowDotProductS(int, const IQVSymMatrix &, const IQVSymMatrix &, int, double &, double &) const {}
+void QVSymMatrix::ComputeSTransS(IQVSymMatrix &) const {}
+bool QVSymMatrix::ComputeSS(const IQVSymMatrix &, IQVRectMatrix &) const { return false; }
+bool QVSymMatrix::ComputeGMG(const Vector &, QVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeGSG(const IQVSymMatrix &, IQVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeMGN(const IQVSymMatrix &, const IQVSymMatrix &, IQVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeGMGNG(const IQVSymMatrix &, const IQVSymMatrix &, IQVSymMatrix &, Vector &) const { return false; }
+bool QVSymMatrix::ComputeLSLTrans(const IQVSymMatrix &, IQVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeLTransSL(const IQVSymMatrix &, IQVSymMatrix &, int) const { return false; }
+bool QVSymMatrix::ComputeAXpY(double, const IQVSymMatrix &) { return false; }
+bool QVSymMatrix::ComputeRS(const IQVRectMatrix &, IQVRectMatrix &) const { return false; }
+bool QVSymMatrix::ComputeRTransS(const IQVRectMatrix &, IQVRectMatrix &) const { return false; }
+bool QVSymMatrix::ComputeRSRTrans(const IQVRectMatrix &, IQVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeRTransSR(const IQVRectMatrix &, IQVSymMatrix &) const { return false; }
+bool QVSymMatrix::ComputeRTransSV(const IQVRectMatrix &, const Vector &, Vector &) const { return false; }
+double QVSymMatrix::TraceOfProduct(const IQVSymMatrix &) const { return 0.0; }
+double QVSymMatrix::TraceOfProductOfThree(const IQVSymMatrix &, const IQVSymMatrix &) const { return 0.0; }
+
+// --- QVRectMatrix -------------------------------------------------------------------------------
+int QVRectMatrix::AddRow(const QVSparseVector &) { return -1; }
+bool QVRectMatrix::SetRow(int, const QVSparseVector &) { return false; }
+double QVRectMatrix::ColNorm(int) const { return QVCommon_940::QVMV::Missing(); }
+double QVRectMatrix::RowNorm(int) const { return QVCommon_940::QVMV::Missing(); }
+bool QVRectMatrix::CopyRows(const IQVRectMatrix &, int, int) { return false; }
+bool QVRectMatrix::CreateBlockDiagonal(int, IQVRectMatrix &) const { return false; }
+int QVRectMatrix::ExtractColumns(const Rows &, IQVRectMatrix &) const { return -1; }
+int QVRectMatrix::ExtractRows(const Rows &, IQVRectMatrix &) const { return -1; }
+bool QVRectMatrix::ShiftColumns(int, IQVRectMatrix &) const { return false; }
+bool QVRectMatrix::ShiftRows(int, IQVRectMatrix &) const { return false; }
+bool QVRectMatrix::ComputeMatrixProduct(const IQVRectMatrix &, IQVRectMatrix &) const { return false; }
+bool QVRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix &, QVRectMatrix &) const { return false; }
+bool QVRectMatrix::ComputeRV(const Vector &, Vector &) const { return false; }
+bool QVRectMatrix::ComputeVR(const Vector &, Vector &) const { return false; }
+double QVRectMatrix::DotProductCol(int, int) const { return 0.0; }
+double QVRectMatrix::DotProductRows(int, int) const { return 0.0; }
+double QVRectMatrix::DotProductRowCol(int, const IQVRectMatrix &, int) const { return 0.0; }
+double QVRectMatrix::DotProductRowRow(int, const IQVRectMatrix &, int) const { return 0.0; }
+
+}  // namespace QVMath_940
