@@ -1,0 +1,98 @@
+/// The inner loops under every dense matrix operation, chosen once for the CPU at hand.
+///
+/// Two rules make a result depend on neither the CPU nor the blocking:
+///
+/// - Each element receives its additions one by one in the order that the operation's formula
+///   gives. Only different elements are worked on side by side, never parts of one sum.
+/// - From order `kFusedOrder` on, an update a += x y is one fused multiply-add (one rounding, as
+///   std::fma) in every form of an operation; below it product and sum are rounded each by itself.
+///
+/// Each instruction set fills one `KernelTable` with the same functions; `Kernels()` is the table
+/// of this process. The environment variable QVCOMMON_KERNELS (portable, avx2 or avx512), read
+/// once at the first use, asks for another path than the best; a path that the CPU lacks is not
+/// taken.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace QVMath_940::kernels {
+
+/// The order from which on the kernels fuse.
+inline constexpr int kFusedOrder = 64;
+
+/// Shape of a register tile: every path computes tiles of this shape.
+inline constexpr int kTileRows = 8;
+inline constexpr int kTileCols = 24;
+
+/// A walk over the rows of a matrix in memory: row r stands at `start` plus the sum of its first r
+/// steps, where the first step is `step` and each later one is larger by `grow`.
+///
+///     full storage, leading dimension d:     {p, d, 0}
+///     packed lower triangle from row i on:   {p + i(i+1)/2, i + 1, 1}
+///     the same upwards from row i:           {p + i(i+1)/2, -i, 1}
+///
+/// (upwards, row i - 1 stands i places before row i, and row i - 2 another i - 1 places).
+template <typename T>
+struct RowWalk {
+  T * start;
+  std::ptrdiff_t step;
+  std::ptrdiff_t grow;
+};
+using Rows = RowWalk<double>;
+using ConstRows = RowWalk<const double>;
+
+struct KernelTable {
+  const char * name;
+
+  /// c[r][j] += a[k][r] * b[k][j] for k = 0 .. count - 1 in this order; r below kTileRows, j below
+  /// kTileCols. Row k of `a` holds kTileRows values, row k of `b` kTileCols.
+  void (*tileFused)(int count, ConstRows a, ConstRows b, Rows c);
+  void (*tilePlain)(int count, ConstRows a, ConstRows b, Rows c);
+
+  /// y[j] += a * x[j], j below n.
+  void (*axpyFused)(std::size_t n, double a, const double * x, double * y);
+  void (*axpyPlain)(std::size_t n, double a, const double * x, double * y);
+
+  /// y[j] += w[k] * x[k][j] for k = 0 .. count - 1 in this order; j below n.
+  void (*combineFused)(int count, const double * w, ConstRows x, std::size_t n, double * y);
+
+  /// sum[r] += x[r][j] * v[j] for j = 0 .. n - 1 in this order; r below `rows`, any number.
+  void (*dotRowsFused)(int rows, ConstRows x, const double * v, std::size_t n, double * sum);
+
+  /// One pass of a symmetric product over `rows` rows of n elements each: sum[r] as in
+  /// dotRowsFused, and y[j] += x[r][j] * w[r] for r in ascending order.
+  void (*symmetricRowsFused)(int rows, ConstRows x, const double * v, const double * w,
+                             std::size_t n, double * sum, double * y);
+
+  /// Packed lower triangle: a(i, j) += b[i] * c[j] for j at or below i, i below n.
+  void (*rankOneFused)(int n, const double * b, const double * c, double * a);
+  void (*rankOnePlain)(int n, const double * b, const double * c, double * a);
+
+  /// x[j] *= a, j below n.
+  void (*scale)(std::size_t n, double a, double * x);
+
+  /// The two vectors of a sweep's pivot, and the diagonal after it. On entry `column` holds the
+  /// pivot's column; for each j: scaled[j] = s * column[j], then column[j] changes its sign when
+  /// `negate` is true, then diagonal[j] += column[j] * scaled[j].
+  void (*sweepVectorsFused)(std::size_t n, double s, bool negate, double * column, double * scaled,
+                            double * diagonal);
+
+  /// True when (d[j] - (c[j] / a) * c[j]) * tol * ref[j], rounded at each step, is above `bound` for
+  /// every j below n.
+  bool (*sweptDiagonalsAbove)(std::size_t n, const double * d, const double * c, double a, double tol,
+                              const double * ref, double bound);
+};
+
+/// The table in use.
+const KernelTable & Kernels();
+
+/// Every table that this CPU can run, the portable one first: for the tests.
+std::vector<const KernelTable *> AvailableKernels();
+
+/// Position of row i in a packed lower triangle.
+constexpr std::size_t PackedRow(std::ptrdiff_t i) {
+  return static_cast<std::size_t>(i) * (static_cast<std::size_t>(i) + 1) / 2;
+}
+
+}  // namespace QVMath_940::kernels

@@ -1,0 +1,47 @@
+// The kernels for CPUs with AVX2 and FMA; compiled for them alone.
+#include <immintrin.h>
+
+#include "math/kernels/kernel_loops.h"
+#include "math/kernels/kernel_paths.h"
+
+namespace QVMath_940::kernels {
+namespace {
+
+struct Avx2Lanes {
+  using Vector = __m256d;
+  static constexpr std::size_t kWidth = 4;
+  static constexpr int kBlockRows = 4;
+  static constexpr int kBlockVectors = 3;
+
+  static __m256i First(std::size_t n) {
+    return _mm256_cmpgt_epi64(_mm256_set1_epi64x(static_cast<long long>(n)),
+                              _mm256_setr_epi64x(0, 1, 2, 3));
+  }
+  static Vector Load(const double * p) { return _mm256_loadu_pd(p); }
+  static Vector LoadPart(const double * p, std::size_t n) {
+    return _mm256_maskload_pd(p, First(n));
+  }
+  static void Store(double * p, Vector v) { _mm256_storeu_pd(p, v); }
+  static void StorePart(double * p, std::size_t n, Vector v) {
+    _mm256_maskstore_pd(p, First(n), v);
+  }
+  static Vector Spread(double a) { return _mm256_set1_pd(a); }
+  static Vector Fma(Vector a, Vector b, Vector c) { return _mm256_fmadd_pd(a, b, c); }
+  static Vector Mul(Vector a, Vector b) { return _mm256_mul_pd(a, b); }
+  static Vector MulAdd(Vector a, Vector b, Vector c) {
+    return _mm256_add_pd(c, _mm256_mul_pd(a, b));
+  }
+  static Vector Sub(Vector a, Vector b) { return _mm256_sub_pd(a, b); }
+  static Vector Div(Vector a, Vector b) { return _mm256_div_pd(a, b); }
+  static bool AllAbove(Vector v, Vector bound, std::size_t n) {
+    const int wanted = (1 << n) - 1;
+    return (_mm256_movemask_pd(_mm256_cmp_pd(v, bound, _CMP_GT_OQ)) & wanted) == wanted;
+  }
+  static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
+};
+
+}  // namespace
+
+const KernelTable kAvx2Kernels = MakeTable<Avx2Lanes>("avx2");
+
+}  // namespace QVMath_940::kernels
