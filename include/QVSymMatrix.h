@@ -39,6 +39,9 @@
 
 namespace QVMath_940 {
 
+struct LogPivots;
+struct PivotList;
+
 class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
  public:
   // === Construction, order, blocks ==============================================================
@@ -466,6 +469,7 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   bool IsRow(int k) const { return k >= 0 && k < fNRows; }
   void ResizeAndMarkBlocks(int n);
   bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
+  void SweepInOrder(const PivotList & list, QVBitSet & swept, LogPivots * logPivots);
   bool IsPivotAccepted(int k, double tol, const double * ref, const QVBitSet & swept) const;
 
   int fNRows = 0;

@@ -100,8 +100,8 @@ void Tile(int count, ConstRows a, ConstRows b, Rows c) {
   static_assert(kTileRows % Lanes::kBlockRows == 0 && kTileCols % kCols == 0);
   for (int r = 0; r < kTileRows; r += Lanes::kBlockRows) {
     for (int j = 0; j < kTileCols; j += kCols) {
-      TileBlock<Lanes, kRounding>(count, {a.start + r, a.step, a.grow}, {b.start + j, b.step, b.grow},
-                                  {c.start + j, c.step, c.grow});
+      TileBlock<Lanes, kRounding>(count, {a.start + r, a.step, a.grow},
+                                  {b.start + j, b.step, b.grow}, {c.start + j, c.step, c.grow});
     }
     for (int skipped = 0; skipped < Lanes::kBlockRows; ++skipped) {
       c.start += c.step;
@@ -115,7 +115,8 @@ inline void Axpy(std::size_t n, double a, const double * x, double * y) {
   const typename Lanes::Vector factor = Lanes::Spread(a);
   std::size_t j = 0;
   for (; j + Lanes::kWidth <= n; j += Lanes::kWidth) {
-    Lanes::Store(y + j, Accumulate<Lanes, kRounding>(factor, Lanes::Load(x + j), Lanes::Load(y + j)));
+    Lanes::Store(y + j,
+                 Accumulate<Lanes, kRounding>(factor, Lanes::Load(x + j), Lanes::Load(y + j)));
   }
   if (j < n) {
     const std::size_t rest = n - j;
@@ -169,7 +170,8 @@ inline constexpr int kDotRows = 8;
 
 /// Eight sums run side by side, since each of them must wait for its own last addition.
 template <typename Lanes>
-inline void DotEightRows(const double * const * row, const double * v, std::size_t n, double * sum) {
+inline void DotEightRows(const double * const * row, const double * v, std::size_t n,
+                         double * sum) {
   double s0 = sum[0], s1 = sum[1], s2 = sum[2], s3 = sum[3];
   double s4 = sum[4], s5 = sum[5], s6 = sum[6], s7 = sum[7];
   for (std::size_t j = 0; j < n; ++j) {
@@ -264,8 +266,9 @@ void Scale(std::size_t n, double a, double * x) {
 }
 
 template <typename Lanes>
-inline void SweepVectorsPart(std::size_t n, typename Lanes::Vector factor, typename Lanes::Vector sign,
-                             double * column, double * scaled, double * diagonal) {
+inline void SweepVectorsPart(std::size_t n, typename Lanes::Vector factor,
+                             typename Lanes::Vector sign, double * column, double * scaled,
+                             double * diagonal) {
   const typename Lanes::Vector old = Lanes::LoadPart(column, n);
   const typename Lanes::Vector c = Lanes::Mul(factor, old);
   const typename Lanes::Vector b = Lanes::Mul(sign, old);

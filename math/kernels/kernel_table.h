@@ -78,10 +78,10 @@ struct KernelTable {
   void (*sweepVectorsFused)(std::size_t n, double s, bool negate, double * column, double * scaled,
                             double * diagonal);
 
-  /// True when (d[j] - (c[j] / a) * c[j]) * tol * ref[j], rounded at each step, is above `bound` for
-  /// every j below n.
-  bool (*sweptDiagonalsAbove)(std::size_t n, const double * d, const double * c, double a, double tol,
-                              const double * ref, double bound);
+  /// True when (d[j] - (c[j] / a) * c[j]) * tol * ref[j], rounded at each step, is above `bound`
+  /// for every j below n.
+  bool (*sweptDiagonalsAbove)(std::size_t n, const double * d, const double * c, double a,
+                              double tol, const double * ref, double bound);
 };
 
 /// The table in use.

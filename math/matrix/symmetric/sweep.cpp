@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "QVSymMatrix.h"
+#include "math/kernels/kernel_table.h"
+#include "math/matrix/symmetric/sweep_panel.h"
 
 namespace QVMath_940 {
 
@@ -18,95 +20,111 @@ struct PivotFactors {
   explicit PivotFactors(double pivot)
       : newPivot(-1.0 / pivot), scale(std::abs(newPivot)), turnSign(newPivot < 0.0) {}
 
-  // Scales `element` of column k and gives the factor of its row.
-  double ScaleAndGetFactor(double & element) const {
-    const double b = element;
-    element = scale * b;
-    return turnSign ? -b : b;
-  }
+  double B(double element) const { return turnSign ? -element : element; }
+  double C(double element) const { return scale * element; }
 
   double newPivot;
   double scale;
   bool turnSign;
 };
 
-// Adds b[r] x (scaled column k) to the `R` packed rows i .. i + R - 1, all of them above k or all
-// below, leaving out column k. `rowK` is the packed row k: the scaled elements left of the pivot.
-// One pass over the column serves all R rows, whose first i + 1 columns they have in common; the
-// triangle behind these is finished row by row.
-template <int R>
-void UpdateRows(double * a, int i, int k, const double * rowK, const double * b) {
-  double * row[R];
-  for (int r = 0; r < R; ++r)
-    row[r] = a + QVSymMatrix::RowStart(i + r);
-
-  const int left = std::min(i + 1, k);  // columns left of k that all rows hold
-  for (int j = 0; j < left; ++j) {
-    const double c = rowK[j];
-    for (int r = 0; r < R; ++r)
-      row[r][j] += b[r] * c;
+// Writes the scaled column k and the new pivot. Nothing but column and row k changes.
+void ScalePivotColumn(double * a, int n, int k, const PivotFactors & pivot) {
+  double * const rowK = a + QVSymMatrix::RowStart(k);
+  for (int j = 0; j < k; ++j) {
+    rowK[j] = pivot.C(rowK[j]);
   }
-  if (i < k) {
-    for (int r = 1; r < R; ++r)
-      for (int j = i + 1; j <= i + r; ++j)
-        row[r][j] += b[r] * rowK[j];
-    return;
-  }
-  std::size_t columnK = QVSymMatrix::PackedPosition(k + 1, k);  // down column k
-  for (int j = k + 1; j <= i; ++j) {
-    const double c = a[columnK];
-    for (int r = 0; r < R; ++r)
-      row[r][j] += b[r] * c;
-    columnK += static_cast<std::size_t>(j) + 1;
-  }
-  for (int j = i + 1; j < i + R; ++j) {
-    const double c = a[columnK];
-    for (int r = j - i; r < R; ++r)
-      row[r][j] += b[r] * c;
-    columnK += static_cast<std::size_t>(j) + 1;
+  rowK[k] = pivot.newPivot;
+  for (int i = k + 1; i < n; ++i) {
+    double & element = a[QVSymMatrix::PackedPosition(i, k)];
+    element = pivot.C(element);
   }
 }
 
-// Scales column k in the R rows from i on, then updates these rows.
-template <int R>
-void ScaleAndUpdateRows(double * a, int i, int k, const PivotFactors & pivot) {
-  double * rowK = a + QVSymMatrix::RowStart(k);
-  double b[R];
-  for (int r = 0; r < R; ++r)
-    b[r] = pivot.ScaleAndGetFactor(a[QVSymMatrix::PackedPosition(i + r, k)]);
-  UpdateRows<R>(a, i, k, rowK, b);
+// Sweeps row k of a triangle below the order from which kernels fuse. Row and column k take part in
+// the update with factors of 0.0 and get their own values last.
+void SweepSmall(double * a, int n, int k) {
+  double b[kernels::kFusedOrder];
+  double c[kernels::kFusedOrder];
+  double old[kernels::kFusedOrder];
+  const PivotFactors pivot(a[QVSymMatrix::PackedPosition(k, k)]);
+  for (int j = 0; j < n; ++j) {
+    old[j] = a[QVSymMatrix::PackedPosition(j, k)];
+    b[j] = pivot.B(old[j]);
+    c[j] = pivot.C(old[j]);
+  }
+  b[k] = 0.0;
+  c[k] = 0.0;
+  kernels::Kernels().rankOnePlain(n, b, c, a);
+  double * const rowK = a + QVSymMatrix::RowStart(k);
+  for (int j = 0; j < k; ++j) {
+    rowK[j] = pivot.C(old[j]);
+  }
+  rowK[k] = pivot.newPivot;
+  for (int i = k + 1; i < n; ++i) {
+    a[QVSymMatrix::PackedPosition(i, k)] = pivot.C(old[i]);
+  }
 }
 
-// Sweeps row k of the packed triangle of n rows, four rows at a time, above the pivot and then
-// below it. Each element receives one addition with the same two factors as in SweepElementwise.
+// Columns whose scaled factors stand on the stack at a time.
+constexpr int kColumnsAtOnce = 1024;
+
+// Updates columns first .. last - 1, which lie on one side of k, in all rows that hold them. Column
+// and row k still have their old values, from which the factors come.
+void UpdateColumns(double * a, int n, int k, int first, int last, const PivotFactors & pivot) {
+  double c[kColumnsAtOnce];
+  for (int j = first; j < last; ++j) {
+    c[j - first] = pivot.C(a[QVSymMatrix::PackedPosition(j, k)]);
+  }
+  for (int i = first; i < n; ++i) {
+    if (i == k) {
+      continue;
+    }
+    const double b = pivot.B(a[QVSymMatrix::PackedPosition(i, k)]);
+    const int width = std::min(i + 1, last) - first;
+    kernels::Kernels().axpyFused(static_cast<std::size_t>(width), b, c,
+                                 a + QVSymMatrix::PackedPosition(i, first));
+  }
+}
+
+// Sweeps row k of a triangle in which updates are fused.
+void SweepLarge(double * a, int n, int k) {
+  const PivotFactors pivot(a[QVSymMatrix::PackedPosition(k, k)]);
+  for (int first = 0; first < k; first += kColumnsAtOnce) {
+    UpdateColumns(a, n, k, first, std::min(first + kColumnsAtOnce, k), pivot);
+  }
+  for (int first = k + 1; first < n; first += kColumnsAtOnce) {
+    UpdateColumns(a, n, k, first, std::min(first + kColumnsAtOnce, n), pivot);
+  }
+  ScalePivotColumn(a, n, k, pivot);
+}
+
 void SweepPacked(double * a, int n, int k) {
-  double & diagonal = a[QVSymMatrix::PackedPosition(k, k)];
-  const PivotFactors pivot(diagonal);
-  diagonal = pivot.newPivot;
-
-  int i = 0;
-  for (; i + 4 <= k; i += 4)
-    ScaleAndUpdateRows<4>(a, i, k, pivot);
-  for (; i < k; ++i)
-    ScaleAndUpdateRows<1>(a, i, k, pivot);
-  for (i = k + 1; i + 4 <= n; i += 4)
-    ScaleAndUpdateRows<4>(a, i, k, pivot);
-  for (; i < n; ++i)
-    ScaleAndUpdateRows<1>(a, i, k, pivot);
+  if (n < kernels::kFusedOrder) {
+    SweepSmall(a, n, k);
+  } else {
+    SweepLarge(a, n, k);
+  }
 }
 
-// The same, element by element.
+// The same, element by element, as the formula reads.
 void SweepElementwise(double * a, int n, int k) {
+  const bool isFused = n >= kernels::kFusedOrder;
   double & diagonal = a[QVSymMatrix::PackedPosition(k, k)];
   const PivotFactors pivot(diagonal);
   diagonal = pivot.newPivot;
 
   for (int i = 0; i < n; ++i) {
     if (i == k) continue;
-    const double b = pivot.ScaleAndGetFactor(a[QVSymMatrix::PackedPosition(i, k)]);
+    double & elementIK = a[QVSymMatrix::PackedPosition(i, k)];
+    const double b = pivot.B(elementIK);
+    elementIK = pivot.C(elementIK);
     double * row = a + QVSymMatrix::RowStart(i);
-    for (int j = 0; j <= i; ++j)
-      if (j != k) row[j] += b * a[QVSymMatrix::PackedPosition(j, k)];
+    for (int j = 0; j <= i; ++j) {
+      if (j == k) continue;
+      const double c = a[QVSymMatrix::PackedPosition(j, k)];
+      row[j] = isFused ? std::fma(b, c, row[j]) : row[j] + b * c;
+    }
   }
 }
 
@@ -132,12 +150,12 @@ bool QVSymMatrix::IsPivotAccepted(int k, double tol, const double * ref,
                                   const QVBitSet & swept) const {
   const double * a = fElements.data();
   const double pivot = a[PackedPosition(k, k)];
-  if (!(tol * ref[k] < pivot)) return false;
+  if (!PivotIsLarge(pivot, tol, ref[k])) return false;
   for (int j = 0; j < fNRows; ++j) {
-    if (!swept.IsIn(j)) continue;
-    const double ajk = a[PackedPosition(j, k)];
-    const double newDiagonal = a[PackedPosition(j, j)] - (ajk / pivot) * ajk;
-    if (!(newDiagonal * tol * ref[j] > -1.0)) return false;
+    if (swept.IsIn(j) && !EarlierPivotStays(a[PackedPosition(j, j)], a[PackedPosition(j, k)], pivot,
+                                            tol, ref[j])) {
+      return false;
+    }
   }
   return true;
 }
@@ -168,6 +186,18 @@ bool QVSymMatrix::SweepOrig(int k, double tol, const std::vector<double> & ref, 
   return true;
 }
 
+void QVSymMatrix::SweepInOrder(const PivotList & list, QVBitSet & swept, LogPivots * logPivots) {
+  double * const a = fElements.data();
+  if (fNRows >= kernels::kFusedOrder && SweepByPanels(a, fNRows, list, swept, logPivots)) return;
+  for (int place = 0; place < list.count; ++place) {
+    const int k = list.Row(place);
+    const double oldPivot = a[PackedPosition(k, k)];
+    if (Sweep(k, list.tol, list.ref, swept, false) && logPivots != nullptr) {
+      logPivots->Add(oldPivot, a[PackedPosition(k, k)]);
+    }
+  }
+}
+
 bool QVSymMatrix::SweepOnAll(double tol, QVBitSet & swept, bool check, bool zeroRedundant,
                              bool changeSign, double * ref) {
   std::vector<double> diagonal;
@@ -183,9 +213,7 @@ bool QVSymMatrix::SweepOnAll(double tol, QVBitSet & swept, bool check, bool zero
     isAccepted = tol > 0.0 && !IsAnyNegative(ref, fNRows);
     if (isAccepted) RaiseToOne(ref, fNRows);
   }
-  if (isAccepted)
-    for (int k = 0; k < fNRows; ++k)
-      Sweep(k, tol, ref, swept, false);
+  if (isAccepted) SweepInOrder({nullptr, fNRows, tol, ref}, swept, nullptr);
 
   if (zeroRedundant && swept.InSet() < fNRows) ZeroOutRedundant(swept);
   if (changeSign) ChangeSign();
@@ -208,13 +236,9 @@ bool QVSymMatrix::SweepOnMany(int count, double tol, bool useOldPivot, QVBitSet 
 
   logDet = 0.0;
   swept.SetRange(0, count - 1, false);  // does nothing unless count - 1 is a bit of the set
-  for (int k = 0; k < count; ++k) {
-    const std::size_t pivot = PackedPosition(k, k);
-    const double oldPivot = fElements[pivot];
-    if (!Sweep(k, tol, ref, swept, false)) continue;
-    const double d = useOldPivot ? oldPivot : -fElements[pivot];
-    if (d > 0.0) logDet += std::log(d);
-  }
+  LogPivots logPivots{useOldPivot, 0.0};
+  SweepInOrder({nullptr, count, tol, ref}, swept, &logPivots);
+  logDet = logPivots.sum;
   return true;
 }
 
@@ -231,8 +255,7 @@ bool QVSymMatrix::SweepOnSelected(const std::vector<int> & rows, double tol, QVB
     if (!std::all_of(rows.begin(), rows.end(), [this](int k) { return IsRow(k); })) return false;
     RaiseToOne(ref, fNRows);
   }
-  for (int k : rows)
-    Sweep(k, tol, ref, swept, false);
+  SweepInOrder({rows.data(), static_cast<int>(rows.size()), tol, ref}, swept, nullptr);
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <new>
 #include <stdexcept>
+#include <vector>
 
 #include "math/kernels/kernel_table.h"
 
@@ -34,7 +35,7 @@ constexpr int kBandRows = 256;
 
 class SweepPanel {
  public:
-  SweepPanel(double * a, int n, const SweepList & list, QVBitSet & swept, LogPivots * logPivots)
+  SweepPanel(double * a, int n, const PivotList & list, QVBitSet & swept, LogPivots * logPivots)
       : fA(a),
         fN(n),
         fWidth(PanelWidth(n)),
@@ -51,6 +52,7 @@ class SweepPanel {
         fTileC(static_cast<std::size_t>(fWidth) * kTileRows),
         fBandB(static_cast<std::size_t>(fWidth) * kBandRows),
         fBlockC(static_cast<std::size_t>(fWidth) * kTileCols),
+        fPanelRows(static_cast<std::size_t>(fWidth)),
         fPivots(static_cast<std::size_t>(fWidth)),
         fWeights(static_cast<std::size_t>(fWidth)) {}
 
@@ -62,14 +64,15 @@ class SweepPanel {
     int done = 0;
     while (done < fList.count) {
       const int taken = TakeDistinctRows(done);
-      GatherColumns(fList.rows + done, taken);
+      const int * const rows = fPanelRows.data();
+      GatherColumns(rows, taken);
       fAccepted = 0;
       fGroupStart = 0;
       for (int q = 0; q < taken; ++q) {
         if (fAccepted - fGroupStart == kGroup) {
-          CloseGroup(fList.rows + done, q, taken);
+          CloseGroup(rows, q, taken);
         }
-        TryPivot(fList.rows[done + q], q);
+        TryPivot(rows[q], q);
       }
       if (fAccepted > 0) {
         UpdateTriangle();
@@ -93,13 +96,17 @@ class SweepPanel {
   ConstRows RowsOfB(int t, int from) { return {B(t) + from, fN, 0}; }
   ConstRows RowsOfC(int t, int from) { return {C(t) + from, fN, 0}; }
 
-  /// How many rows of the list, from `first` on, fill a panel without naming one twice.
+  /// Fills the panel with rows of the list, from place `first` on, up to one that it has already.
   int TakeDistinctRows(int first) {
-    const int * const rows = fList.rows + first;
     const int most = std::min(fWidth, fList.count - first);
+    const auto begin = fPanelRows.begin();
     int taken = 0;
-    while (taken < most && std::find(rows, rows + taken, rows[taken]) == rows + taken) {
-      ++taken;
+    for (; taken < most; ++taken) {
+      const int k = fList.Row(first + taken);
+      if (std::find(begin, begin + taken, k) != begin + taken) {
+        break;
+      }
+      fPanelRows[At(taken)] = k;
     }
     return taken;
   }
@@ -145,10 +152,7 @@ class SweepPanel {
       MarkSwept(k, !wasSwept);
     }
     if (fLogPivots != nullptr) {
-      const double d = fLogPivots->useOldPivot ? a : -p;
-      if (d > 0.0) {
-        fLogPivots->sum += std::log(d);
-      }
+      fLogPivots->Add(a, p);
     }
   }
 
@@ -197,8 +201,8 @@ class SweepPanel {
     fGroupStart = fAccepted;
   }
 
-  /// Adds the products of pivots `first` to `last` - 1 to up to eight columns of the panel, those of
-  /// rows k[0], k[1], ..., which stand in the rows of C from `place` on.
+  /// Adds the products of pivots `first` to `last` - 1 to up to eight columns of the panel, those
+  /// of rows k[0], k[1], ..., which stand in the rows of C from `place` on.
   void AddPivotsToColumns(int first, int last, const int * k, int place, int columns) {
     const int lowest = *std::min_element(k, k + columns);
     const int highest = *std::max_element(k, k + columns);
@@ -397,12 +401,12 @@ class SweepPanel {
   double * fA;
   int fN;
   int fWidth;
-  SweepList fList;
+  PivotList fList;
   QVBitSet & fSwept;
   LogPivots * fLogPivots;
   int fAccepted = 0;
-  int fGroupStart = 0;             // the panel's columns to come hold the pivots before this one
-  std::vector<double> fDiagonal;   // current after each pivot
+  int fGroupStart = 0;            // the panel's columns to come hold the pivots before this one
+  std::vector<double> fDiagonal;  // current after each pivot
   std::vector<char> fIsSwept;
   std::vector<int> fPlaceInPanel;  // of each row: its number among the accepted pivots
   std::vector<double> fB;          // row t: the signed column of pivot t
@@ -412,13 +416,14 @@ class SweepPanel {
   std::vector<double> fTileC;
   std::vector<double> fBandB;
   std::vector<double> fBlockC;
-  std::vector<int> fPivots;
+  std::vector<int> fPanelRows;
+  std::vector<int> fPivots;        // those of them that were accepted, in order
   std::vector<double> fWeights;
 };
 
 }  // namespace
 
-bool SweepByPanels(double * a, int n, const SweepList & list, QVBitSet & swept,
+bool SweepByPanels(double * a, int n, const PivotList & list, QVBitSet & swept,
                    LogPivots * logPivots) {
   try {
     SweepPanel(a, n, list, swept, logPivots).Run();

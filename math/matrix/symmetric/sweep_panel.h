@@ -8,25 +8,31 @@
 /// same to the last bit.
 #pragma once
 
-#include <cstddef>
-#include <vector>
+#include <cmath>
 
 #include "QVBitSet.h"
 
 namespace QVMath_940 {
 
 /// What to sweep, and by which tests.
-struct SweepList {
-  const int * rows;     ///< row numbers, in the order of their sweeps; a row may stand twice
-  int count;            ///< how many of them
-  double tol;           ///< relative tolerance of a pivot
-  const double * ref;   ///< reference diagonal, n values
+struct PivotList {
+  const int * rows;    ///< row numbers, in the order of their sweeps; a row may stand twice
+  int count;           ///< how many of them
+  double tol;          ///< relative tolerance of a pivot
+  const double * ref;  ///< reference diagonal, n values
 };
 
 /// The logarithm of the pivots, summed on the way.
 struct LogPivots {
   bool useOldPivot;  ///< take the pivot before its sweep, else minus the diagonal after it
   double sum;        ///< of the logarithms of those above 0.0
+
+  void Add(double pivotBefore, double diagonalAfter) {
+    const double d = useOldPivot ? pivotBefore : -diagonalAfter;
+    if (d > 0.0) {
+      sum += std::log(d);
+    }
+  }
 };
 
 /// True when `a`, a pivot going forward on a row with reference `ref`, is large enough: the bound
@@ -44,14 +50,11 @@ inline bool EarlierPivotStays(double ajj, double ajk, double a, double tol, doub
   return (ajj - (ajk / a) * ajk) * tol * ref > kLowestScaledDiagonal;
 }
 
-/// Orders from which panels pay.
-inline constexpr int kSweepPanelOrder = 64;
-
 /// Sweeps the packed triangle `a` of order n on the listed rows.
 ///
 /// On entry `swept` says which rows stand swept; on exit it is brought up to date. Refused pivots
 /// are passed over. False, with nothing changed, when the scratch of a panel cannot be had.
-bool SweepByPanels(double * a, int n, const SweepList & list, QVBitSet & swept,
+bool SweepByPanels(double * a, int n, const PivotList & list, QVBitSet & swept,
                    LogPivots * logPivots);
 
 }  // namespace QVMath_940

@@ -1,0 +1,243 @@
+// One body of tests for every path: each kernel against its formula, bit by bit.
+#include "math/kernels/kernel_table.h"
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace QVMath_940::kernels;
+
+class KernelTest : public ::testing::TestWithParam<const KernelTable *> {
+ protected:
+  std::vector<double> Random(std::size_t n) {
+    std::vector<double> values(n);
+    for (double & v : values) {
+      v = fNormal(fEngine);
+    }
+    return values;
+  }
+
+  /// Values that show a wrong order of additions or a wrong rounding at once.
+  std::mt19937 fEngine{20240501};
+  std::normal_distribution<double> fNormal{0.0, 100.0};
+};
+
+void ExpectSameBits(const std::vector<double> & wanted, const std::vector<double> & got) {
+  ASSERT_EQ(wanted.size(), got.size());
+  EXPECT_EQ(std::memcmp(wanted.data(), got.data(), wanted.size() * sizeof(double)), 0);
+}
+
+/// Start of row r of a walk, by its definition.
+template <typename T>
+T * RowAt(RowWalk<T> walk, int r) {
+  for (; r > 0; --r) {
+    walk.start += walk.step;
+    walk.step += walk.grow;
+  }
+  return walk.start;
+}
+
+const std::vector<std::size_t> kLengths{0, 1, 2, 3, 7, 8, 9, 15, 16, 33, 64, 65, 129, 300};
+
+TEST_P(KernelTest, TileAddsInOrderOfK) {
+  for (const int count : {0, 1, 2, 5, 64}) {
+    for (const bool fused : {true, false}) {
+      const auto a = Random(static_cast<std::size_t>((count + 1) * kTileRows));
+      const auto b = Random(static_cast<std::size_t>(count * (count + 1) / 2 + 40 * count + 64));
+      auto c = Random(30 * kTileRows + 64);
+      auto wanted = c;
+      const ConstRows aRows{a.data(), kTileRows, 0};
+      const ConstRows bRows{b.data(), 33, 1};  // as rows of a packed triangle
+      for (int r = 0; r < kTileRows; ++r) {
+        double * const row = RowAt(Rows{wanted.data(), 26, 1}, r);
+        for (int j = 0; j < kTileCols; ++j) {
+          for (int k = 0; k < count; ++k) {
+            const double x = RowAt(aRows, k)[r];
+            const double y = RowAt(bRows, k)[j];
+            row[j] = fused ? std::fma(x, y, row[j]) : row[j] + x * y;
+          }
+        }
+      }
+      (fused ? GetParam()->tileFused : GetParam()->tilePlain)(count, aRows, bRows,
+                                                              {c.data(), 26, 1});
+      ExpectSameBits(wanted, c);
+    }
+  }
+}
+
+TEST_P(KernelTest, AxpyLeavesTheRestAlone) {
+  for (const std::size_t n : kLengths) {
+    for (const bool fused : {true, false}) {
+      const auto x = Random(n + 8);
+      auto y = Random(n + 8);
+      auto wanted = y;
+      for (std::size_t j = 0; j < n; ++j) {
+        wanted[j] = fused ? std::fma(1.7, x[j], y[j]) : y[j] + 1.7 * x[j];
+      }
+      (fused ? GetParam()->axpyFused : GetParam()->axpyPlain)(n, 1.7, x.data(), y.data());
+      ExpectSameBits(wanted, y);
+    }
+  }
+}
+
+TEST_P(KernelTest, CombineWalksUpAndDownATriangle) {
+  for (const std::size_t n : kLengths) {
+    const int first = static_cast<int>(n);
+    const int count = 5;
+    const auto triangle = Random(PackedRow(first + count + 1));
+    const auto w = Random(count);
+    for (const bool up : {false, true}) {
+      const ConstRows walk =
+          up ? ConstRows{triangle.data() + PackedRow(first + count - 1), -(first + count - 1), 1}
+             : ConstRows{triangle.data() + PackedRow(first), first + 1, 1};
+      auto y = Random(n);
+      auto wanted = y;
+      for (int k = 0; k < count; ++k) {
+        const int row = up ? first + count - 1 - k : first + k;
+        for (std::size_t j = 0; j < n; ++j) {
+          wanted[j] =
+              std::fma(w[static_cast<std::size_t>(k)], triangle[PackedRow(row) + j], wanted[j]);
+        }
+      }
+      GetParam()->combineFused(count, w.data(), walk, n, y.data());
+      ExpectSameBits(wanted, y);
+    }
+  }
+}
+
+TEST_P(KernelTest, DotRowsKeepsTheOrderOfEachSum) {
+  for (const std::size_t n : kLengths) {
+    for (const int rows : {0, 1, 7, 8, 9, 20}) {
+      const auto x = Random(static_cast<std::size_t>(rows) * n + 1);
+      const auto v = Random(n + 1);
+      auto sum = Random(static_cast<std::size_t>(rows));
+      auto wanted = sum;
+      for (int r = 0; r < rows; ++r) {
+        for (std::size_t j = 0; j < n; ++j) {
+          double & s = wanted[static_cast<std::size_t>(r)];
+          s = std::fma(x[static_cast<std::size_t>(r) * n + j], v[j], s);
+        }
+      }
+      GetParam()->dotRowsFused(rows, {x.data(), static_cast<std::ptrdiff_t>(n), 0}, v.data(), n,
+                               sum.data());
+      ExpectSameBits(wanted, sum);
+    }
+  }
+}
+
+TEST_P(KernelTest, SymmetricRowsDoesBothHalves) {
+  for (const std::size_t n : kLengths) {
+    const int rows = 11;
+    const auto x = Random(rows * n + 1);
+    const auto v = Random(n + 1);
+    const auto w = Random(rows);
+    auto sum = Random(rows);
+    auto y = Random(n);
+    auto wantedSum = sum;
+    auto wantedY = y;
+    for (std::size_t r = 0; r < rows; ++r) {
+      for (std::size_t j = 0; j < n; ++j) {
+        wantedSum[r] = std::fma(x[r * n + j], v[j], wantedSum[r]);
+        wantedY[j] = std::fma(w[r], x[r * n + j], wantedY[j]);
+      }
+    }
+    GetParam()->symmetricRowsFused(rows, {x.data(), static_cast<std::ptrdiff_t>(n), 0}, v.data(),
+                                   w.data(), n, sum.data(), y.data());
+    ExpectSameBits(wantedSum, sum);
+    ExpectSameBits(wantedY, y);
+  }
+}
+
+TEST_P(KernelTest, RankOneChangesTheTriangleAlone) {
+  for (const int n : {0, 1, 2, 3, 7, 33, 64, 129}) {
+    for (const bool fused : {true, false}) {
+      const auto b = Random(static_cast<std::size_t>(n) + 1);
+      const auto c = Random(static_cast<std::size_t>(n) + 1);
+      auto a = Random(PackedRow(n) + 8);
+      auto wanted = a;
+      for (int i = 0; i < n; ++i) {
+        for (int j = 0; j <= i; ++j) {
+          double & e = wanted[PackedRow(i) + static_cast<std::size_t>(j)];
+          const double x = b[static_cast<std::size_t>(i)];
+          const double y = c[static_cast<std::size_t>(j)];
+          e = fused ? std::fma(x, y, e) : e + x * y;
+        }
+      }
+      (fused ? GetParam()->rankOneFused : GetParam()->rankOnePlain)(n, b.data(), c.data(),
+                                                                    a.data());
+      ExpectSameBits(wanted, a);
+    }
+  }
+}
+
+TEST_P(KernelTest, ScaleMultipliesEachOnce) {
+  for (const std::size_t n : kLengths) {
+    auto x = Random(n + 8);
+    auto wanted = x;
+    for (std::size_t j = 0; j < n; ++j) {
+      wanted[j] *= 0.3;
+    }
+    GetParam()->scale(n, 0.3, x.data());
+    ExpectSameBits(wanted, x);
+  }
+}
+
+TEST_P(KernelTest, SweepVectorsFollowTheSign) {
+  for (const std::size_t n : kLengths) {
+    for (const bool negate : {true, false}) {
+      auto column = Random(n);
+      auto scaled = Random(n);
+      auto diagonal = Random(n);
+      auto wantedColumn = column;
+      auto wantedScaled = scaled;
+      auto wantedDiagonal = diagonal;
+      for (std::size_t j = 0; j < n; ++j) {
+        wantedScaled[j] = 0.7 * column[j];
+        wantedColumn[j] = negate ? -column[j] : column[j];
+        wantedDiagonal[j] = std::fma(wantedColumn[j], wantedScaled[j], diagonal[j]);
+      }
+      GetParam()->sweepVectorsFused(n, 0.7, negate, column.data(), scaled.data(), diagonal.data());
+      ExpectSameBits(wantedColumn, column);
+      ExpectSameBits(wantedScaled, scaled);
+      ExpectSameBits(wantedDiagonal, diagonal);
+    }
+  }
+}
+
+TEST_P(KernelTest, SweptDiagonalsAboveFindsOneFailureAnywhere) {
+  for (const std::size_t n : kLengths) {
+    const std::vector<double> c(n, 2.0);
+    const std::vector<double> ref(n, 3.0);
+    // (d - (2 / 4) * 2) * 0.5 * 3 is -1.5 for d = 0 and 0.0 for d = 1.
+    std::vector<double> d(n, 1.0);
+    EXPECT_TRUE(GetParam()->sweptDiagonalsAbove(n, d.data(), c.data(), 4.0, 0.5, ref.data(), -1.0));
+    for (std::size_t bad = 0; bad < n; ++bad) {
+      d[bad] = 0.0;
+      EXPECT_FALSE(
+          GetParam()->sweptDiagonalsAbove(n, d.data(), c.data(), 4.0, 0.5, ref.data(), -1.0));
+      d[bad] = std::nan("");
+      EXPECT_FALSE(
+          GetParam()->sweptDiagonalsAbove(n, d.data(), c.data(), 4.0, 0.5, ref.data(), -1.0));
+      d[bad] = 1.0;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryPath, KernelTest, ::testing::ValuesIn(AvailableKernels()),
+                         [](const auto & path) { return std::string(path.param->name); });
+
+TEST(Kernels, TheBestPathIsTaken) {
+  if (std::getenv("QVCOMMON_KERNELS") == nullptr) {
+    EXPECT_STREQ(Kernels().name, AvailableKernels().back()->name);
+  } else {
+    EXPECT_STREQ(Kernels().name, std::getenv("QVCOMMON_KERNELS"));
+  }
+}
+
+}  // namespace
