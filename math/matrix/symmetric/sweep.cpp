@@ -152,8 +152,8 @@ bool QVSymMatrix::IsPivotAccepted(int k, double tol, const double * ref,
   const double pivot = a[PackedPosition(k, k)];
   if (!PivotIsLarge(pivot, tol, ref[k])) return false;
   for (int j = 0; j < fNRows; ++j) {
-    if (swept.IsIn(j) && !EarlierPivotStays(a[PackedPosition(j, j)], a[PackedPosition(j, k)], pivot,
-                                            tol, ref[j])) {
+    if (swept.IsIn(j) &&
+        !EarlierPivotStays(a[PackedPosition(j, j)], a[PackedPosition(j, k)], pivot, tol, ref[j])) {
       return false;
     }
   }

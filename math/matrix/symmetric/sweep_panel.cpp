@@ -417,7 +417,7 @@ class SweepPanel {
   std::vector<double> fBandB;
   std::vector<double> fBlockC;
   std::vector<int> fPanelRows;
-  std::vector<int> fPivots;        // those of them that were accepted, in order
+  std::vector<int> fPivots;  // those of them that were accepted, in order
   std::vector<double> fWeights;
 };
 

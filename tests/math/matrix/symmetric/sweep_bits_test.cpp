@@ -122,7 +122,9 @@ TEST_P(SweepBits, OnAllIsRowByRow) {
     }
     EXPECT_TRUE(list.SweepOnAll(kTolerance, sweptList, false, false, false, ref.data()));
     EXPECT_TRUE(sweptList == sweptSingle);
-    EXPECT_EQ(sweptList.InSet() < n, planted != Planted::Nothing && n > 50 && n % 11 != 0);
+    const bool isTroubled =
+        planted == Planted::NotANumber ? n >= 11 : planted != Planted::Nothing && n > 5;
+    EXPECT_EQ(sweptList.InSet() < n, isTroubled);
     ExpectSameBits(single, list);
   }
 }
@@ -182,6 +184,7 @@ TEST_P(SweepBits, OnSelectedIsRowByRowWithRepeatsAndReverseSweeps) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Orders, SweepBits,
-                         ::testing::Values(3, 7, 20, 33, 63, 64, 65, 80, 100, 129, 177, 256, 300, 411));
+                         ::testing::Values(3, 7, 20, 33, 63, 64, 65, 80, 100, 129, 177, 256, 300,
+                                           411));
 
 }  // namespace
