@@ -16,10 +16,12 @@ namespace QVMath_940 {
 
 /// What to sweep, and by which tests.
 struct PivotList {
-  const int * rows;    ///< row numbers, in the order of their sweeps; a row may stand twice
-  int count;           ///< how many of them
+  const int * rows;    ///< row numbers, in the order of their sweeps; null for 0, 1, 2, ...
+  int count;           ///< how many of them; a row may stand twice
   double tol;          ///< relative tolerance of a pivot
   const double * ref;  ///< reference diagonal, n values
+
+  int Row(int place) const { return rows == nullptr ? place : rows[place]; }
 };
 
 /// The logarithm of the pivots, summed on the way.
