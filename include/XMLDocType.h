@@ -50,7 +50,7 @@ class QVCOMMON_API XMLDocType final : public XMLInterface {
   std::string fName;
   std::string fSystemId;
   std::string fExtension;
-  long fNumber;
+  [[maybe_unused]] long fNumber;
 };
 
 }  // namespace QVXML_940

@@ -48,7 +48,7 @@ unsigned int LowBits(double number) {
 
 bool LineTokens::Read(std::istream & in) {
   fRest = fLine.data();
-  in.getline(fLine.data(), fLine.size());
+  in.getline(fLine.data(), static_cast<std::streamsize>(fLine.size()));
   return !in.fail();
 }
 
