@@ -56,8 +56,8 @@ class QVCOMMON_API QVDynamicLoadedLibrary {
 
  private:
   void * fHandle = nullptr;
-  int fFlag;
-  int fSecondWord = 0;
+  [[maybe_unused]] int fFlag;
+  [[maybe_unused]] int fSecondWord = 0;
   std::string fPath;
   std::string fErrorText;
 };
