@@ -49,7 +49,8 @@ TEST(BitSet, CopiesAreIndependent) {
   set.Set(1, true);
   EXPECT_EQ(Picture(copy), "101");
   EXPECT_EQ(Picture(assigned), "101");
-  assigned = assigned;
+  const QVBitSet & itself = assigned;
+  assigned = itself;
   EXPECT_EQ(Picture(assigned), "101");
   assigned = std::vector<bool>{true};
   EXPECT_EQ(Picture(assigned), "1");

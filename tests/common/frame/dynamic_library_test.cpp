@@ -10,6 +10,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <string>
 #include <thread>
 
@@ -289,6 +290,8 @@ TEST(DynamicLibrary, ThreadAndProcessStateIsUntouched) {
     EXPECT_EQ(errno, EXDEV);
     EXPECT_EQ(std::fegetround(), FE_DOWNWARD);
     EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), FE_UNDERFLOW);
+    volatile double tiny = std::numeric_limits<double>::min();
+    EXPECT_NE(tiny * 0.5, 0.0);  // small numbers are not flushed to zero
     EXPECT_EQ(dlerror(), nullptr);
     EXPECT_EQ(std::setlocale(LC_ALL, nullptr), locale);
     EXPECT_EQ(std::filesystem::current_path(), directory);
