@@ -1,56 +1,62 @@
 #include "xml/text/escape.h"
 
+#include <array>
 #include <cstddef>
 
 #include "XMLUtil.h"
 
 namespace QVXML_940 {
 
+namespace {
+
+// The bytes at which a value may have to be escaped.
+constexpr std::array<bool, 256> kStops = [] {
+  std::array<bool, 256> stops{};
+  for (const char c : {'&', '<', '>', '"', '\t', '\n', '\r', ' '}) {
+    stops[static_cast<unsigned char>(c)] = true;
+  }
+  return stops;
+}();
+
+// What stands for the byte at place `i`, or null where it stands for itself. Blanks go in pairs
+// from the left, a blank and a reference; `i` is then the second one. A blank at either end of the
+// text becomes a reference as well.
+const std::string * Reference(const std::string & text, std::size_t i, std::size_t runStart) {
+  switch (text[i]) {
+    case '&':
+      return &XMLUtil::XML_AMPERSAND;
+    case '<':
+      return &XMLUtil::XML_LESS_THAN;
+    case '>':
+      return &XMLUtil::XML_GREATER_THAN;
+    case '"':
+      return &XMLUtil::XML_QUOTE;
+    case '\t':
+      return &XMLUtil::XML_CHARREF_TAB;
+    case '\n':
+      return &XMLUtil::XML_CHARREF_NL;
+    case '\r':
+      return &XMLUtil::XML_CHARREF_CR;
+    default:
+      break;
+  }
+  const bool isSecondOfPair = (i - runStart) % 2 == 1;
+  const bool isAtEnd = i == 0 || i + 1 == text.size();
+  return isSecondOfPair || isAtEnd ? &XMLUtil::XML_CHARREF_SP : nullptr;
+}
+
+}  // namespace
+
 void AppendEscapedValue(std::string & out, const std::string & text) {
   const std::size_t length = text.size();
-  std::size_t copied = 0;  // everything before this place stands in `out`
-  const auto replace = [&](std::size_t place, std::size_t count, const std::string & by) {
-    out.append(text, copied, place - copied).append(by);
-    copied = place + count;
-  };
-
+  std::size_t copied = 0;    // everything before this place stands in `out`
+  std::size_t runStart = 0;  // where the present run of blanks began
   for (std::size_t i = 0; i < length; ++i) {
-    switch (text[i]) {
-      case '&':
-        replace(i, 1, XMLUtil::XML_AMPERSAND);
-        break;
-      case '<':
-        replace(i, 1, XMLUtil::XML_LESS_THAN);
-        break;
-      case '>':
-        replace(i, 1, XMLUtil::XML_GREATER_THAN);
-        break;
-      case '"':
-        replace(i, 1, XMLUtil::XML_QUOTE);
-        break;
-      case '\t':
-        replace(i, 1, XMLUtil::XML_CHARREF_TAB);
-        break;
-      case '\n':
-        replace(i, 1, XMLUtil::XML_CHARREF_NL);
-        break;
-      case '\r':
-        replace(i, 1, XMLUtil::XML_CHARREF_CR);
-        break;
-      case ' ': {
-        // Blanks go in pairs from the left: a blank and a reference. A blank at either end of the
-        // text becomes a reference as well.
-        const bool paired = i + 1 < length && text[i + 1] == ' ';
-        if (i == 0) replace(i, 1, XMLUtil::XML_CHARREF_SP);
-        if (paired) {
-          replace(++i, 1, XMLUtil::XML_CHARREF_SP);
-        } else if (i != 0 && i + 1 == length) {
-          replace(i, 1, XMLUtil::XML_CHARREF_SP);
-        }
-        break;
-      }
-      default:
-        break;
+    if (!kStops[static_cast<unsigned char>(text[i])]) continue;
+    if (text[i] == ' ' && (i == 0 || text[i - 1] != ' ')) runStart = i;
+    if (const std::string * const reference = Reference(text, i, runStart)) {
+      out.append(text, copied, i - copied).append(*reference);
+      copied = i + 1;
     }
   }
   out.append(text, copied, length - copied);

@@ -6,6 +6,8 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace QVXML_940 {
 
@@ -50,13 +52,27 @@ std::size_t SequenceLength(std::string_view text) {
   return length;
 }
 
+// The length of the run of ASCII at the head of `text`.
+std::size_t AsciiLength(std::string_view text) {
+  std::size_t i = 0;
+  for (; i + sizeof(std::uint64_t) <= text.size(); i += sizeof(std::uint64_t)) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + i, sizeof word);
+    if ((word & 0x8080808080808080) != 0) break;
+  }
+  while (i < text.size() && IsAscii(text[i]))
+    ++i;
+  return i;
+}
+
 // The place of the first byte that begins no valid sequence, or the text's length.
 std::size_t FindInvalidUtf8(std::string_view text) {
-  std::size_t i = 0;
+  std::size_t i = AsciiLength(text);
   while (i < text.size()) {
     const std::size_t length = SequenceLength(text.substr(i));
     if (length == 0) break;
     i += length;
+    if (i < text.size() && IsAscii(text[i])) i += AsciiLength(text.substr(i));
   }
   return i;
 }

@@ -16,6 +16,8 @@ bool IsWritable(double value) {
   return value >= -largest && value <= largest;
 }
 
+constexpr std::size_t kUsualTag = 256;  // few tags are longer: room for them in one go
+
 }  // namespace
 
 // --- Building ---------------------------------------------------------------------------------
@@ -96,6 +98,7 @@ int XMLElement::ToStream(std::ostream & out, ExportFormat & format, bool utf) co
   // No text is kept while the children are written: a deep tree needs the stack.
   const auto write = [&](auto append) {
     std::string piece;
+    piece.reserve(kUsualTag);
     append(piece);
     WritePiece(out, piece, utf);
   };

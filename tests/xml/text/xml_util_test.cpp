@@ -3,6 +3,7 @@
 #include <climits>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -166,7 +167,7 @@ TEST(XMLUtilReplaceString, TheTextMayReplaceItsOwnPart) {
 TEST(XMLUtilReplaceAll, ResultIsOneBelowTheLastSearch) {
   EXPECT_EQ(Replaced("abc", "x", "y"), "-1:abc");
   EXPECT_EQ(Replaced("", "x", "y"), "-1:");
-  EXPECT_EQ(Replaced("a,b,c", ",", "; "), "5:a; b; c");  // searched last from 6 - 0: behind "; "
+  EXPECT_EQ(Replaced("a,b,c", ",", "; "), "5:a; b; c");  // the last search began at 6
   EXPECT_EQ(Replaced("a,b", ",", ""), "0:ab");
   EXPECT_EQ(Replaced(",b", ",", ""), "-1:b");  // found, and still -1
   EXPECT_EQ(Replaced("xx", "x", "yy"), "3:yyyy");
