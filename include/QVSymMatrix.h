@@ -357,9 +357,11 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   /// Sweeps the listed rows in list order; a row that stands swept is swept back. No bit is cleared
   /// first, so that this continues an earlier sweep (a set of size 0 takes n bits).
   ///
-  /// A null `ref` stands for the diagonal. With `check` true false, and nothing swept, when a value
-  /// of ref is negative, `swept` has fewer than n bits or a listed row is out of range; tol is not
-  /// tested. Otherwise each ref[i] below 1.0 becomes 1.0, in the caller's array.
+  /// A null `ref` stands for the diagonal as it is now. Beware: where rows stand swept it holds
+  /// negative values, which `check` refuses; give the diagonal from before the first sweep instead.
+  /// With `check` true false, and nothing swept, when a value of ref is negative, `swept` has fewer
+  /// than n bits or a listed row is out of range; tol is not tested. Otherwise each ref[i]
+  /// below 1.0 becomes 1.0, in the caller's array.
   bool SweepOnSelected(const std::vector<int> & rows, double tol, QVBitSet & swept, bool check,
                        double * ref);
 
