@@ -53,4 +53,11 @@ const KernelTable & Kernels() {
   return table;
 }
 
+namespace {
+
+// Chooses when the library is loaded, so that no operation allocates for it later.
+[[maybe_unused]] const KernelTable & gChosenAtLoad = Kernels();
+
+}  // namespace
+
 }  // namespace QVMath_940::kernels
