@@ -22,4 +22,7 @@ std::string RowText(std::size_t row, const double * values, std::size_t n);
 /// Writes the line of `RowText`. Matrix classes display their rows with it.
 void DisplayRow(int row, const double * values, int n);
 
+/// The same with "%d" for the number: "row 0: ". The full forms of the matrix classes have it so.
+void DisplayFullRow(int row, const double * values, int n);
+
 }  // namespace QVDisplay_940

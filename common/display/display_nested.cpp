@@ -24,12 +24,9 @@ std::string RowLabel(std::size_t row) {
   return label;
 }
 
-}  // namespace
-
-std::string RowText(std::size_t row, const double * values, std::size_t n) {
-  std::string text = "row  ";
-  text += std::to_string(row);
-  text += ": ";
+// The items of a matrix row: " %g" or " miss" each.
+std::string ItemsText(const double * values, std::size_t n) {
+  std::string text;
   for (std::size_t j = 0; j < n; ++j) {
     text += " ";
     text += ShortNumber(values[j]);
@@ -37,9 +34,23 @@ std::string RowText(std::size_t row, const double * values, std::size_t n) {
   return text;
 }
 
+std::size_t ToSize(int count) {
+  return static_cast<std::size_t>(std::max(count, 0));
+}
+
+}  // namespace
+
+std::string RowText(std::size_t row, const double * values, std::size_t n) {
+  return "row  " + std::to_string(row) + ": " + ItemsText(values, n);
+}
+
 void DisplayRow(int row, const double * values, int n) {
-  WriteLine(RowText(static_cast<std::size_t>(std::max(row, 0)), values,
-                    values == nullptr ? 0 : static_cast<std::size_t>(std::max(n, 0))));
+  WriteLine(RowText(ToSize(row), values, values == nullptr ? 0 : ToSize(n)));
+}
+
+void DisplayFullRow(int row, const double * values, int n) {
+  WriteLine("row " + std::to_string(ToSize(row)) + ": " +
+            ItemsText(values, values == nullptr ? 0 : ToSize(n)));
 }
 
 void DisplayDVV(std::string label, const std::vector<std::vector<double>> & rows, bool fine) {

@@ -1,9 +1,8 @@
 // The dense symmetric matrix on the display stream.
-#include <string>
-
 #include "QVDisplay.h"
 #include "QVSymMatrix.h"
 #include "common/display/display_frame.h"
+#include "common/display/display_line.h"
 
 namespace QVMath_940 {
 
@@ -23,7 +22,7 @@ void QVSymMatrix::DisplayF() const {
   std::vector<double> row;
   for (int i = 0; i < fNRows; ++i) {
     GetRow(i, row);
-    QVDisplay_940::DisplayDA("row " + std::to_string(i) + ": ", row.data(), fNRows, false);
+    QVDisplay_940::DisplayFullRow(i, row.data(), fNRows);
   }
 }
 

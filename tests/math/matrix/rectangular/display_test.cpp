@@ -14,10 +14,8 @@ TEST(RectMatrixDisplay, Rows) {
             "\nQVRectMatrix display start"
             "\nNumber of rows = 2"
             "\nNumber of columns = 2"
-            "\nrow  0: "
-            "\n 1 2.5"
-            "\nrow  1: "
-            "\n -3 4"
+            "\nrow  0:  1 2.5"
+            "\nrow  1:  -3 4"
             "\nQVRectMatrix display end");
 }
 
@@ -28,8 +26,7 @@ TEST(RectMatrixDisplay, FullForm) {
             "\nQVRectMatrix full matrix display start"
             "\nNumber of rows = 1"
             "\nNumber of columns = 2"
-            "\nrow 0: "
-            "\n 1 2.5"
+            "\nrow 0:  1 2.5"
             "\nQVRectMatrix display end");
 }
 

@@ -33,10 +33,8 @@ TEST(SymMatrixDisplay, FullRows) {
   EXPECT_EQ(capture.Text(),
             "\nQVSymMatrix full matrix display start"
             "\nNumber of rows = 2"
-            "\nrow 0: "
-            "\n 1 2.5"
-            "\nrow 1: "
-            "\n 2.5 3"
+            "\nrow 0:  1 2.5"
+            "\nrow 1:  2.5 3"
             "\nQVSymMatrix display end");
 }
 
