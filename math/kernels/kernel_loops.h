@@ -6,7 +6,7 @@
 ///
 /// `Lanes` gives: `Vector`, `kWidth`, `Load`, `LoadPart(p, n)`, `Store`, `StorePart(p, n, v)`,
 /// `Spread(double)`, `Fma(a, b, c)`, `MulAdd(a, b, c)` (two roundings), `Mul(a, b)`,
-/// `Sub`, `Div`, `AllAbove(v, bound, n)` for the first n lanes,
+/// `Sub`, `Div`, `Root(double)`, `AllAbove(v, bound, n)` for the first n lanes,
 /// `ScalarFma(a, b, c)`, and the register block `kBlockRows` x `kBlockVectors` of a tile.
 #pragma once
 
@@ -106,6 +106,136 @@ void Tile(int count, ConstRows a, ConstRows b, Rows c) {
     for (int skipped = 0; skipped < Lanes::kBlockRows; ++skipped) {
       c.start += c.step;
       c.step += c.grow;
+    }
+  }
+}
+
+/// As TileBlock, fused, with the left factor along rows.
+template <typename Lanes>
+inline void TileByRowsBlock(int count, const double * const * a, std::ptrdiff_t aStep, ConstRows b,
+                            Rows c) {
+  constexpr int kRows = Lanes::kBlockRows;
+  constexpr int kVectors = Lanes::kBlockVectors;
+  typename Lanes::Vector sum[kRows][kVectors];
+  const double * aRow[kRows];
+  double * cRow = c.start;
+  std::ptrdiff_t cStep = c.step;
+#pragma GCC unroll 8
+  for (int r = 0; r < kRows; ++r) {
+    aRow[r] = a[r];
+#pragma GCC unroll 4
+    for (int v = 0; v < kVectors; ++v) {
+      sum[r][v] = Lanes::Load(cRow + v * Lanes::kWidth);
+    }
+    cRow += cStep;
+    cStep += c.grow;
+  }
+  const double * bRow = b.start;
+  std::ptrdiff_t bStep = b.step;
+  std::ptrdiff_t place = 0;
+  for (int k = 0; k < count; ++k) {
+    typename Lanes::Vector bValues[kVectors];
+#pragma GCC unroll 4
+    for (int v = 0; v < kVectors; ++v) {
+      bValues[v] = Lanes::Load(bRow + v * Lanes::kWidth);
+    }
+#pragma GCC unroll 8
+    for (int r = 0; r < kRows; ++r) {
+      const typename Lanes::Vector aValue = Lanes::Spread(aRow[r][place]);
+#pragma GCC unroll 4
+      for (int v = 0; v < kVectors; ++v) {
+        sum[r][v] = Lanes::Fma(aValue, bValues[v], sum[r][v]);
+      }
+    }
+    place += aStep;
+    bRow += bStep;
+    bStep += b.grow;
+  }
+  cRow = c.start;
+  cStep = c.step;
+#pragma GCC unroll 8
+  for (int r = 0; r < kRows; ++r) {
+#pragma GCC unroll 4
+    for (int v = 0; v < kVectors; ++v) {
+      Lanes::Store(cRow + v * Lanes::kWidth, sum[r][v]);
+    }
+    cRow += cStep;
+    cStep += c.grow;
+  }
+}
+
+template <typename Lanes>
+void TileByRows(int count, const double * const * a, std::ptrdiff_t aStep, ConstRows b, Rows c) {
+  constexpr int kCols = Lanes::kBlockVectors * Lanes::kWidth;
+  for (int r = 0; r < kTileRows; r += Lanes::kBlockRows) {
+    for (int j = 0; j < kTileCols; j += kCols) {
+      TileByRowsBlock<Lanes>(count, a + r, aStep, {b.start + j, b.step, b.grow},
+                             {c.start + j, c.step, c.grow});
+    }
+    for (int skipped = 0; skipped < Lanes::kBlockRows; ++skipped) {
+      c.start += c.step;
+      c.step += c.grow;
+    }
+  }
+}
+
+template <typename Lanes>
+void SolveForward(int rows, int width, double * const * row, double * tile, const double * d,
+                  const double * diagonal) {
+  for (int m = 0; m < width; ++m) {
+    const double * const dRow = d + m * kTileCols;
+    const double pivot = diagonal[m];
+    for (int r = 0; r < rows; ++r) {
+      double * const s = tile + r * kTileCols;
+      const double x = pivot != 0.0 ? (row[r][m] - s[m]) / pivot : 0.0;
+      row[r][m] = x;
+      const typename Lanes::Vector factor = Lanes::Spread(x);
+      for (int j = m / static_cast<int>(Lanes::kWidth) * static_cast<int>(Lanes::kWidth); j < width;
+           j += static_cast<int>(Lanes::kWidth)) {
+        Lanes::Store(s + j, Lanes::Fma(factor, Lanes::Load(dRow + j), Lanes::Load(s + j)));
+      }
+    }
+  }
+}
+
+template <typename Lanes>
+void FactorBlock(int width, double * const * row, double * sums, const double * bound, double * d,
+                 double * diagonal) {
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  for (int m = 0; m < width; ++m) {
+    double * const dRow = d + m * kTileCols;
+    const double pivotSquare = row[m][m] - sums[m * kTileCols + m];
+    const double pivot = pivotSquare > bound[m] ? Lanes::Root(pivotSquare) : 0.0;
+    row[m][m] = pivot;
+    diagonal[m] = pivot;
+    for (int i = m + 1; i < width; ++i) {
+      const double x = pivot != 0.0 ? (row[i][m] - sums[i * kTileCols + m]) / pivot : 0.0;
+      row[i][m] = x;
+      dRow[i] = x;
+    }
+    for (int i = m + 1; i < width; ++i) {
+      double * const s = sums + i * kTileCols;
+      const typename Lanes::Vector factor = Lanes::Spread(dRow[i]);
+      for (int j = (m + 1) / kWidth * kWidth; j <= i; j += kWidth) {
+        Lanes::Store(s + j, Lanes::Fma(factor, Lanes::Load(dRow + j), Lanes::Load(s + j)));
+      }
+    }
+  }
+}
+
+template <typename Lanes>
+void MultiplyBackward(int rows, int width, double * const * row, double * tile, const double * d,
+                      const double * factor) {
+  for (int m = width - 1; m >= 0; --m) {
+    const double * const dRow = d + m * kTileCols;
+    for (int r = 0; r < rows; ++r) {
+      double * const s = tile + r * kTileCols;
+      const double x = s[m] * factor[m];
+      row[r][m] = x;
+      const typename Lanes::Vector spread = Lanes::Spread(x);
+      for (int j = 0; j < m; j += static_cast<int>(Lanes::kWidth)) {
+        Lanes::Store(s + j, Lanes::Fma(spread, Lanes::Load(dRow + j), Lanes::Load(s + j)));
+      }
     }
   }
 }
@@ -313,6 +443,10 @@ constexpr KernelTable MakeTable(const char * name) {
   return {name,
           Tile<Lanes, Rounding::Fused>,
           Tile<Lanes, Rounding::Plain>,
+          TileByRows<Lanes>,
+          SolveForward<Lanes>,
+          FactorBlock<Lanes>,
+          MultiplyBackward<Lanes>,
           Axpy<Lanes, Rounding::Fused>,
           Axpy<Lanes, Rounding::Plain>,
           Combine<Lanes>,

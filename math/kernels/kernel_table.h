@@ -50,6 +50,33 @@ struct KernelTable {
   void (*tileFused)(int count, ConstRows a, ConstRows b, Rows c);
   void (*tilePlain)(int count, ConstRows a, ConstRows b, Rows c);
 
+  /// The same with the left factor read along rows: c[r][j] += a[r][k * aStep] * b[k][j], aStep 1
+  /// or -1; `a` points to kTileRows pointers.
+  void (*tileByRowsFused)(int count, const double * const * a, std::ptrdiff_t aStep, ConstRows b,
+                          Rows c);
+
+  /// Forward substitution along the rows of a tile of `rows` rows, which holds sums s. For
+  /// m = 0 .. width - 1 in this order, with x = (row[r][m] - s[r][m]) / diagonal[m], or 0.0 where
+  /// that diagonal is 0.0: row[r][m] = x, then s[r][j] += x * d[m][j] for j behind m. Row m of `d`
+  /// holds kTileCols values, zeros up to and with place m.
+  void (*solveForwardFused)(int rows, int width, double * const * row, double * tile,
+                            const double * d, const double * diagonal);
+
+  /// The Cholesky factor of a diagonal block of `width` rows, at most kTileCols. On entry row[i]
+  /// holds the block's row i and `sums`, kTileCols values a row, the sums over the columns before
+  /// the block. Pivot m is accepted when row[m][m] - s[m][m] is above bound[m]; its root, or 0.0, goes
+  /// to row[m][m] and diagonal[m]. Then for each row i behind m: x = (row[i][m] - s[i][m]) /
+  /// diagonal[m], or 0.0 for a zero pivot, goes to row[i][m] and to d[m][i], kTileCols values a row
+  /// (which must be 0.0 elsewhere), and s[i][j] += x * d[m][j] for j behind m up to i.
+  void (*factorBlockFused)(int width, double * const * row, double * sums, const double * bound,
+                           double * d, double * diagonal);
+
+  /// Backward multiplication along the rows of such a tile. For m = width - 1 .. 0, with
+  /// x = s[r][m] * factor[m]: row[r][m] = x, then s[r][j] += x * d[m][j] for j before m. Row m of
+  /// `d` holds zeros from place m on.
+  void (*multiplyBackwardFused)(int rows, int width, double * const * row, double * tile,
+                                const double * d, const double * factor);
+
   /// y[j] += a * x[j], j below n.
   void (*axpyFused)(std::size_t n, double a, const double * x, double * y);
   void (*axpyPlain)(std::size_t n, double a, const double * x, double * y);

@@ -37,6 +37,7 @@ struct Avx2Lanes {
     const int wanted = (1 << n) - 1;
     return (_mm256_movemask_pd(_mm256_cmp_pd(v, bound, _CMP_GT_OQ)) & wanted) == wanted;
   }
+  static double Root(double a) { return _mm_cvtsd_f64(_mm_sqrt_pd(_mm_set_sd(a))); }
   static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
 };
 

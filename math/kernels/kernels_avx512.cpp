@@ -33,6 +33,7 @@ struct Avx512Lanes {
   static bool AllAbove(Vector v, Vector bound, std::size_t n) {
     return (_mm512_cmp_pd_mask(v, bound, _CMP_GT_OQ) & First(n)) == First(n);
   }
+  static double Root(double a) { return _mm_cvtsd_f64(_mm_sqrt_pd(_mm_set_sd(a))); }
   static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
 };
 

@@ -25,6 +25,7 @@ struct PortableLanes {
   static Vector Sub(Vector a, Vector b) { return a - b; }
   static Vector Div(Vector a, Vector b) { return a / b; }
   static bool AllAbove(Vector v, Vector bound, std::size_t) { return v > bound; }
+  static double Root(double a) { return std::sqrt(a); }
   static double ScalarFma(double a, double b, double c) { return std::fma(a, b, c); }
 };
 
