@@ -366,21 +366,121 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
                        double * ref);
 
   // === Cholesky =================================================================================
+  // L is lower triangular with L L-transpose = the matrix, and takes the matrix's place in the
+  // packed storage: the class does not remember which of the two it holds. Nothing pivots and
+  // nothing fails on a singular matrix: a row that depends on the rows before it gets a zero on the
+  // diagonal of L, is counted in the deficiency, and counts for every later step as a variable that
+  // has dropped out. Row i is accepted when its pivot square is strictly above tol x ref[i].
 
+  /// Factors in place. On exit row i holds L_ij = (a_ij - sum over k < j of L_ik L_jk) / L_jj for
+  /// j < i (0.0 where L_jj is 0.0) and on the diagonal the root of the pivot square, or 0.0 for a
+  /// row that was not accepted (its other elements stay as computed).
+  ///
+  /// The result is the deficiency, the number of zeroed rows; 0 for an empty matrix. With `check`
+  /// true -1, and nothing changed, when tol or one of the first n values of ref is negative (0.0 is
+  /// accepted) or ref is shorter than n.
   int LTChol(const std::vector<double> & ref, double tol, bool check) override;
+
+  /// The same; `accepted` marks the rows that stayed in. It is cleared before anything is tested,
+  /// and takes n bits when it is smaller (a larger one keeps its size).
   int LTChol(const std::vector<double> & ref, double tol, QVBitSet & accepted, bool check) override;
+
+  /// The same with the largest diagonal element, floored at 0.0, as the reference of every row.
+  /// minDiag becomes the smallest diagonal element of L; it is the lowest finite double after a
+  /// refusal and for an empty matrix.
   int LTChol(double tol, double & minDiag, bool check) override;
+
+  /// The independent rows, in order, as `LTChol` with the diagonal as reference accepts them; the
+  /// walk ends when maxCount of them are found (a maxCount below 1 or above n means n). Works on a
+  /// copy. The result is their number; a negative tol gives 0 and no rows.
+  int CholIndNonRed(int maxCount, double tol, std::vector<int> & rows) const;
+
+  /// Into `out` goes the inverse of this matrix, or, with the dependent rows zeroed, a generalised
+  /// inverse. `out` must be a `QVSymMatrix` (it may be this one) and takes the same shape; ref and
+  /// tol are those of `LTChol` and are not tested. The result is the rank; -1 for another type of
+  /// `out`, which stays as it is, and for storage that cannot be obtained, which makes `out`
+  /// invalid. The other two forms tell the accepted rows or the smallest diagonal element of L.
   int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out) const override;
   int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
                   QVBitSet & accepted) const override;
   int CholInverse(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
                   double & minDiag) const override;
+
+  /// Determinant and inverse of a triangular matrix, the job being that of LINPACK's DTRDI.
+  ///
+  /// On entry the storage holds L. With job mod 10 not 0 the determinant of L (not its square) is
+  /// det[0] x 10 to the power det[1], 1 <= |det[0]| < 10, both 0.0 where a diagonal element is 0.0;
+  /// otherwise det is not touched and may be null. With job / 10 not 0 the inverse of L replaces L;
+  /// rows and columns with a zero pivot become 0.0. The result is the number of zeros on the
+  /// diagonal of L.
   int LTDetInverse(double * const det, int job) override;
+
+  /// On entry L, on exit the inverse of L L-transpose, generalised where L has zero pivots. True.
   bool LTInverse() override;
+
+  /// On entry L, on exit L L-transpose. Needs a second storage of the same size while it runs.
   void LTLLTrans() override;
+
+  /// On entry L, on exit L-transpose L. In place.
   void LTLTransL() override;
+
+  /// Solves S x = b; on exit this matrix holds the factor of S and x, of size n, the solution with
+  /// 0.0 for the variables that dropped out. The diagonal is the reference. The result is the
+  /// deficiency; -1, and nothing changed, when tol is not above 0.0 or b is shorter than n.
   int LTSolve(const std::vector<double> & b, double tol, std::vector<double> & x) override;
+
+  /// Solves L L-transpose x = b with the factor at hand: 0; -1 when b is shorter than n. x takes
+  /// size n and may be b.
+  int LTSubstitute(const std::vector<double> & b, std::vector<double> & x) const;
+
+  /// One triangular solve: L x = b, or L-transpose x = b with `transposed` true. Where L_ii is 0.0
+  /// x_i is 0.0. False unless b has exactly n elements. x takes size n and may be b.
+  bool TSolveSubst(const std::vector<double> & b, std::vector<double> & x, bool transposed) const;
+
+  /// The sum over j < i of L_ij v_j: false for a bad i or a v shorter than i.
+  bool DotProdRowBeforeDiagFrontVec(int i, const std::vector<double> & v, double & result) const;
+
+  /// The sum over j > i of L_ji v_j, from the last row up: false for a bad i or a v shorter than n.
+  bool DotProdColBelowDiagBackVec(int i, const std::vector<double> & v, double & result) const;
+
+  /// The determinant of the matrix, as `LTDetInverse` gives it, from a copy factored by the third
+  /// form of `LTChol`; both numbers 0.0 for a singular matrix, which is no failure. False for an
+  /// empty matrix and a negative tol.
   bool ComputeDeterminant(double tol, double * const det) const override;
+
+  /// On entry L, on exit the factor of L L-transpose + x x-transpose (LINPACK's DCHUD). c and s
+  /// receive the cosines and sines of the n rotations, whose sign is the published one: a
+  /// negative diagonal element afterwards is right. False, and nothing changed, unless x, c and s
+  /// have exactly n elements.
+  bool LTCholUpdateR1(const std::vector<double> & x, std::vector<double> & c,
+                      std::vector<double> & s);
+
+  /// On entry L, on exit the factor of L L-transpose - x x-transpose (LINPACK's DCHDD), with the
+  /// rotations in c and s. False, and nothing changed, unless x, c and s have exactly n elements, n
+  /// is at least 1 and L_00 is above 0.0.
+  ///
+  /// Beware of two things that the published routine does not do. When a later diagonal element is
+  /// not above 0.0, each such element becomes one tenth of the largest, so that a factor with
+  /// deleted rows becomes usable again; this repair stays even when the result is false. And
+  /// when the downdate is not possible (the solution of L p = x has norm 1.0 or above) the result
+  /// is false with `rescale` false; with `rescale` true all of L is first multiplied by norm / 0.9,
+  /// which makes it possible and leaves the caller's matrix scaled.
+  bool LTCholDowndate(const std::vector<double> & x, std::vector<double> & c,
+                      std::vector<double> & s, bool rescale);
+
+  /// Makes the matrix positive definite: adds the smallest shift (to within tol, by bisection) that
+  /// lets it factor without deficiency, then one hundredth of its largest diagonal element, and
+  /// divides all by shift + largest original diagonal element. `changed` tells whether this was
+  /// needed, `shift` what was added in all. The result is the number of factorisations tried (1 for
+  /// a matrix that was positive definite and stays as it is, never above 2,001); -1 when n is below
+  /// 2, -2 when tol is not above 0.0.
+  int TransformToPositiveDefinite(double tol, bool & changed, double & shift);
+
+  /// How many of the rows of a packed m x m matrix that are in `rows` depend on the ones before
+  /// them, by `LTChol` with tol; this matrix takes their factor. 0 for m = 0, and nothing changed;
+  /// -1, and nothing changed, when m is negative or `packed` or `rows` is too short for it; -2 when
+  /// the storage cannot be obtained.
+  int CheckMDependent(int m, const std::vector<double> & packed, const QVBitSet & rows, double tol);
 
   // === Products with vectors ====================================================================
 
@@ -471,6 +571,10 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   bool IsRow(int k) const { return k >= 0 && k < fNRows; }
   void ResizeAndMarkBlocks(int n);
   bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
+  bool AreCholeskyArguments(const std::vector<double> & ref, double tol) const;
+  void GetSmallestDiagonal(double & minDiag) const;
+  int InvertByCholesky(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
+                       QVBitSet * accepted, double * minDiag) const;
   void SweepInOrder(const PivotList & list, QVBitSet & swept, LogPivots * logPivots);
   bool IsPivotAccepted(int k, double tol, const double * ref, const QVBitSet & swept) const;
 

@@ -64,8 +64,8 @@ struct KernelTable {
 
   /// The Cholesky factor of a diagonal block of `width` rows, at most kTileCols. On entry row[i]
   /// holds the block's row i and `sums`, kTileCols values a row, the sums over the columns before
-  /// the block. Pivot m is accepted when row[m][m] - s[m][m] is above bound[m]; its root, or 0.0, goes
-  /// to row[m][m] and diagonal[m]. Then for each row i behind m: x = (row[i][m] - s[i][m]) /
+  /// the block. Pivot m is accepted when row[m][m] - s[m][m] is above bound[m]; its root, or 0.0,
+  /// goes to row[m][m] and diagonal[m]. Then for each row i behind m: x = (row[i][m] - s[i][m]) /
   /// diagonal[m], or 0.0 for a zero pivot, goes to row[i][m] and to d[m][i], kTileCols values a row
   /// (which must be 0.0 elsewhere), and s[i][j] += x * d[m][j] for j behind m up to i.
   void (*factorBlockFused)(int width, double * const * row, double * sums, const double * bound,

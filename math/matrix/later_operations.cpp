@@ -11,20 +11,6 @@ using Vector = std::vector<double>;
 
 // clang-format off
 
-// --- QVSymMatrix: Cholesky ----------------------------------------------------------------------
-int QVSymMatrix::LTChol(const Vector &, double, bool) { return -1; }
-int QVSymMatrix::LTChol(const Vector &, double, QVBitSet &, bool) { return -1; }
-int QVSymMatrix::LTChol(double, double &, bool) { return -1; }
-int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &) const { return -1; }
-int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &, QVBitSet &) const { return -1; }
-int QVSymMatrix::CholInverse(const Vector &, double, IQVSymMatrix &, double &) const { return -1; }
-int QVSymMatrix::LTDetInverse(double * const, int) { return -1; }
-bool QVSymMatrix::LTInverse() { return false; }
-void QVSymMatrix::LTLLTrans() {}
-void QVSymMatrix::LTLTransL() {}
-int QVSymMatrix::LTSolve(const Vector &, double, Vector &) { return -1; }
-bool QVSymMatrix::ComputeDeterminant(double, double * const) const { return false; }
-
 // --- QVSymMatrix: products with vectors, quadratic forms ----------------------------------------
 bool QVSymMatrix::ComputeSV(const Vector &, Vector &) const { return false; }
 bool QVSymMatrix::ComputeSV(int, const Vector &, Vector &) const { return false; }
