@@ -137,6 +137,13 @@ void ExpectEveryTruncationFails(std::string const & text, MakeObject make,
   }
 }
 
+// The line of an integer.
+inline std::string IntLine(std::string const & value) {
+  std::string line = "<Int value=\"";
+  line.append(value).append("\"/>");
+  return line;
+}
+
 // The text with the first `from` behind `after` replaced.
 inline std::string Changed(std::string text, std::string const & after, std::string const & from,
                            std::string const & to) {
