@@ -146,13 +146,15 @@ void QVMeansXProducts::AddDeviationProducts(const QVRectMatrix & data, int nRows
       }
       cases = {panel.data(), static_cast<std::ptrdiff_t>(n)};
     }
+    double * const xProds = fXProds.AsVector().data();
     if (weighted) {
       for (int r = 0; r < rows; ++r) {
         weights[static_cast<std::size_t>(r)] = CaseWeight(walk.Row(start + r));
       }
+      kernels::PackedWeightedRankKUpdate(fNVars, rows, cases, weights.data(), xProds);
+    } else {
+      kernels::PackedRankKUpdate(fNVars, rows, cases, cases, xProds);
     }
-    kernels::PackedRankKUpdate(fNVars, rows, cases, cases, weighted ? weights.data() : nullptr,
-                               fXProds.AsVector().data());
   }
 }
 
@@ -210,7 +212,7 @@ bool QVMeansXProducts::UpdateOnePass(const QVRectMatrix & data, int nRows) {
         fOnePassSums[j] += x[j];
       }
     }
-    kernels::PackedRankKUpdate(fNVars, rows, left, walk.From(start), nullptr,
+    kernels::PackedRankKUpdate(fNVars, rows, left, walk.From(start),
                                fOnePassXProds.AsVector().data());
   }
   return true;

@@ -240,20 +240,28 @@ void MultiplyBackward(int rows, int width, double * const * row, double * tile, 
   }
 }
 
+/// The last full vector overlaps the one before it where n is no multiple of the width; it is made
+/// from the old values, so that no element is changed twice. A masked store instead would hold up
+/// the loads of the next row of a packed triangle, which begins where this one ends.
 template <typename Lanes, Rounding kRounding>
 inline void Axpy(std::size_t n, double a, const double * x, double * y) {
   const typename Lanes::Vector factor = Lanes::Spread(a);
-  std::size_t j = 0;
-  for (; j + Lanes::kWidth <= n; j += Lanes::kWidth) {
+  if (n < Lanes::kWidth) {
+    if (n > 0) {
+      Lanes::StorePart(y, n,
+                       Accumulate<Lanes, kRounding>(factor, Lanes::LoadPart(x, n),
+                                                    Lanes::LoadPart(y, n)));
+    }
+    return;
+  }
+  const std::size_t lastStart = n - Lanes::kWidth;
+  const typename Lanes::Vector last = Accumulate<Lanes, kRounding>(
+      factor, Lanes::Load(x + lastStart), Lanes::Load(y + lastStart));
+  for (std::size_t j = 0; j < lastStart; j += Lanes::kWidth) {
     Lanes::Store(y + j,
                  Accumulate<Lanes, kRounding>(factor, Lanes::Load(x + j), Lanes::Load(y + j)));
   }
-  if (j < n) {
-    const std::size_t rest = n - j;
-    Lanes::StorePart(y + j, rest,
-                     Accumulate<Lanes, kRounding>(factor, Lanes::LoadPart(x + j, rest),
-                                                  Lanes::LoadPart(y + j, rest)));
-  }
+  Lanes::Store(y + lastStart, last);
 }
 
 /// Four vectors of y stay in registers while all the rows of x pass over them.
