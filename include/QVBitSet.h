@@ -11,6 +11,7 @@
 /// Threads: an ordinary value; use one object from one thread at a time.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "QVExport.h"
@@ -34,7 +35,7 @@ class QVCOMMON_API QVBitSet {
   // --- Whole sets -----------------------------------------------------------------------------
 
   /// Number of bits.
-  int Size() const;
+  int Size() const { return static_cast<int>(fbVec.size()); }
 
   /// True when the sizes and all bits are equal; two empty sets are equal.
   bool operator==(const QVBitSet & other) const;
@@ -59,7 +60,7 @@ class QVCOMMON_API QVBitSet {
   // --- Bits -----------------------------------------------------------------------------------
 
   /// Bit `i`; false outside the set.
-  bool IsIn(int i) const;
+  bool IsIn(int i) const { return i >= 0 && i < Size() && fbVec[static_cast<std::size_t>(i)]; }
 
   /// Sets bit `i`. False and no change outside the set.
   bool Set(int i, bool value);

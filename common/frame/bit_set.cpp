@@ -21,10 +21,6 @@ QVBitSet::QVBitSet(const std::vector<bool> & bits) : fbVec(bits) {
 
 // --- Whole sets -------------------------------------------------------------------------------
 
-int QVBitSet::Size() const {
-  return static_cast<int>(fbVec.size());
-}
-
 bool QVBitSet::operator==(const QVBitSet & other) const {
   return fbVec == other.fbVec;
 }
@@ -66,10 +62,6 @@ bool QVBitSet::Duplicate(int n) {
 
 bool QVBitSet::IsRange(int lo, int hi) const {
   return 0 <= lo && lo <= hi && hi < Size();
-}
-
-bool QVBitSet::IsIn(int i) const {
-  return i >= 0 && i < Size() && fbVec[static_cast<std::size_t>(i)];
 }
 
 bool QVBitSet::Set(int i, bool value) {

@@ -391,6 +391,27 @@ void RankOne(int n, const double * b, const double * c, double * a) {
   }
 }
 
+/// Row k takes part in nothing; column k takes part with a factor of 0.0 and gets its value at
+/// once.
+template <typename Lanes, Rounding kRounding>
+void SweepRow(int n, int k, const double * b, const double * c, double pivot, double * a) {
+  double * row = a;
+  for (int i = 0; i < k; ++i) {
+    Axpy<Lanes, kRounding>(static_cast<std::size_t>(i) + 1, b[i], c, row);
+    row += i + 1;
+  }
+  for (int j = 0; j < k; ++j) {
+    row[j] = c[j];
+  }
+  row[k] = pivot;
+  row += k + 1;
+  for (int i = k + 1; i < n; ++i) {
+    Axpy<Lanes, kRounding>(static_cast<std::size_t>(i) + 1, b[i], c, row);
+    row[k] = c[i];
+    row += i + 1;
+  }
+}
+
 template <typename Lanes>
 void Scale(std::size_t n, double a, double * x) {
   const typename Lanes::Vector factor = Lanes::Spread(a);
@@ -462,6 +483,8 @@ constexpr KernelTable MakeTable(const char * name) {
           SymmetricRows<Lanes>,
           RankOne<Lanes, Rounding::Fused>,
           RankOne<Lanes, Rounding::Plain>,
+          SweepRow<Lanes, Rounding::Fused>,
+          SweepRow<Lanes, Rounding::Plain>,
           Scale<Lanes>,
           SweepVectors<Lanes>,
           SweptDiagonalsAbove<Lanes>};

@@ -96,6 +96,11 @@ struct KernelTable {
   void (*rankOneFused)(int n, const double * b, const double * c, double * a);
   void (*rankOnePlain)(int n, const double * b, const double * c, double * a);
 
+  /// One sweep of a packed triangle of order n on row k: a(i, j) += b[i] * c[j] outside row and
+  /// column k, which become c[0], c[1], .. with `pivot` at (k, k). c[k] must be 0.0.
+  void (*sweepRowFused)(int n, int k, const double * b, const double * c, double pivot, double * a);
+  void (*sweepRowPlain)(int n, int k, const double * b, const double * c, double pivot, double * a);
+
   /// x[j] *= a, j below n.
   void (*scale)(std::size_t n, double a, double * x);
 

@@ -28,46 +28,36 @@ struct PivotFactors {
   bool turnSign;
 };
 
-// Writes the scaled column k and the new pivot. Nothing but column and row k changes.
-void ScalePivotColumn(double * a, int n, int k, const PivotFactors & pivot) {
-  double * const rowK = a + QVSymMatrix::RowStart(k);
-  for (int j = 0; j < k; ++j) {
-    rowK[j] = pivot.C(rowK[j]);
-  }
-  rowK[k] = pivot.newPivot;
-  for (int i = k + 1; i < n; ++i) {
-    double & element = a[QVSymMatrix::PackedPosition(i, k)];
-    element = pivot.C(element);
-  }
-}
+// Orders up to this one have their pivot column and its factors on the stack.
+constexpr int kStackOrder = 2048;
 
-// Sweeps row k of a triangle below the order from which kernels fuse. Row and column k take part in
-// the update with factors of 0.0 and get their own values last.
-void SweepSmall(double * a, int n, int k) {
-  double b[kernels::kFusedOrder];
-  double c[kernels::kFusedOrder];
-  double old[kernels::kFusedOrder];
+// Sweeps row k in one pass over the triangle.
+void SweepInOnePass(double * a, int n, int k) {
+  double b[kStackOrder];
+  double c[kStackOrder];
   const PivotFactors pivot(a[QVSymMatrix::PackedPosition(k, k)]);
-  for (int j = 0; j < n; ++j) {
-    old[j] = a[QVSymMatrix::PackedPosition(j, k)];
-    b[j] = pivot.B(old[j]);
-    c[j] = pivot.C(old[j]);
+  const auto setFactors = [&](int j, double element) {
+    b[j] = pivot.B(element);
+    c[j] = pivot.C(element);
+  };
+  const double * const rowK = a + QVSymMatrix::RowStart(k);
+  for (int j = 0; j < k; ++j) {
+    setFactors(j, rowK[j]);
   }
   b[k] = 0.0;
   c[k] = 0.0;
-  kernels::Kernels().rankOnePlain(n, b, c, a);
-  double * const rowK = a + QVSymMatrix::RowStart(k);
-  for (int j = 0; j < k; ++j) {
-    rowK[j] = pivot.C(old[j]);
-  }
-  rowK[k] = pivot.newPivot;
+  const double * element = rowK + k;
   for (int i = k + 1; i < n; ++i) {
-    a[QVSymMatrix::PackedPosition(i, k)] = pivot.C(old[i]);
+    element += i;
+    setFactors(i, *element);
   }
+  const kernels::KernelTable & table = kernels::Kernels();
+  (n < kernels::kFusedOrder ? table.sweepRowPlain : table.sweepRowFused)(n, k, b, c, pivot.newPivot,
+                                                                         a);
 }
 
 // Columns whose scaled factors stand on the stack at a time.
-constexpr int kColumnsAtOnce = 1024;
+constexpr int kColumnsAtOnce = kStackOrder;
 
 // Updates columns first .. last - 1, which lie on one side of k, in all rows that hold them. Column
 // and row k still have their old values, from which the factors come.
@@ -87,8 +77,21 @@ void UpdateColumns(double * a, int n, int k, int first, int last, const PivotFac
   }
 }
 
-// Sweeps row k of a triangle in which updates are fused.
-void SweepLarge(double * a, int n, int k) {
+// Writes the scaled column k and the new pivot. Nothing but column and row k changes.
+void ScalePivotColumn(double * a, int n, int k, const PivotFactors & pivot) {
+  double * const rowK = a + QVSymMatrix::RowStart(k);
+  for (int j = 0; j < k; ++j) {
+    rowK[j] = pivot.C(rowK[j]);
+  }
+  rowK[k] = pivot.newPivot;
+  for (int i = k + 1; i < n; ++i) {
+    double & element = a[QVSymMatrix::PackedPosition(i, k)];
+    element = pivot.C(element);
+  }
+}
+
+// Sweeps row k of a larger triangle, some columns at a time.
+void SweepByColumns(double * a, int n, int k) {
   const PivotFactors pivot(a[QVSymMatrix::PackedPosition(k, k)]);
   for (int first = 0; first < k; first += kColumnsAtOnce) {
     UpdateColumns(a, n, k, first, std::min(first + kColumnsAtOnce, k), pivot);
@@ -100,11 +103,7 @@ void SweepLarge(double * a, int n, int k) {
 }
 
 void SweepPacked(double * a, int n, int k) {
-  if (n < kernels::kFusedOrder) {
-    SweepSmall(a, n, k);
-  } else {
-    SweepLarge(a, n, k);
-  }
+  (n <= kStackOrder ? SweepInOnePass : SweepByColumns)(a, n, k);
 }
 
 // The same, element by element, as the formula reads.

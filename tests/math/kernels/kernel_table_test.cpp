@@ -176,6 +176,106 @@ TEST_P(KernelTest, RankOneChangesTheTriangleAlone) {
   }
 }
 
+TEST_P(KernelTest, SweepRowUpdatesAllButItsOwnRowAndColumn) {
+  for (const int n : {1, 2, 3, 7, 33, 64, 129}) {
+    for (const int k : {0, n / 2, n - 1}) {
+      for (const bool fused : {true, false}) {
+        const auto b = Random(static_cast<std::size_t>(n));
+        auto c = Random(static_cast<std::size_t>(n));
+        c[static_cast<std::size_t>(k)] = 0.0;
+        auto a = Random(PackedRow(n));
+        auto wanted = a;
+        for (int i = 0; i < n; ++i) {
+          for (int j = 0; j <= i; ++j) {
+            double & e = wanted[PackedRow(i) + static_cast<std::size_t>(j)];
+            const double x = b[static_cast<std::size_t>(i)];
+            const double y = c[static_cast<std::size_t>(j)];
+            if (i == k || j == k) {
+              e = i == j ? -5.0 : c[static_cast<std::size_t>(i == k ? j : i)];
+            } else {
+              e = fused ? std::fma(x, y, e) : e + x * y;
+            }
+          }
+        }
+        (fused ? GetParam()->sweepRowFused : GetParam()->sweepRowPlain)(n, k, b.data(), c.data(),
+                                                                        -5.0, a.data());
+        ExpectSameBits(wanted, a);
+      }
+    }
+  }
+}
+
+TEST_P(KernelTest, TileByRowsReadsForwardAndBackward) {
+  for (const int count : {0, 1, 5, 64}) {
+    for (const int step : {1, -1}) {
+      const auto a = Random(static_cast<std::size_t>(kTileRows * (count + 1)));
+      const auto b = Random(static_cast<std::size_t>(count * kTileCols) + 1);
+      auto c = Random(kTileRows * kTileCols);
+      auto wanted = c;
+      const double * rows[kTileRows];
+      for (int r = 0; r < kTileRows; ++r) {
+        rows[r] = a.data() + r * (count + 1) + (step < 0 ? count : 0);
+        for (int j = 0; j < kTileCols; ++j) {
+          double & e = wanted[static_cast<std::size_t>(r * kTileCols + j)];
+          for (int k = 0; k < count; ++k) {
+            e = std::fma(rows[r][k * step], b[static_cast<std::size_t>(k * kTileCols + j)], e);
+          }
+        }
+      }
+      GetParam()->tileByRowsFused(count, rows, step, {b.data(), kTileCols, 0},
+                                  {c.data(), kTileCols, 0});
+      ExpectSameBits(wanted, c);
+    }
+  }
+}
+
+/// A block of columns as substitution reads it: row m holds values behind (or before) place m.
+std::vector<double> Triangle(std::vector<double> values, bool behind) {
+  for (int m = 0; m < kTileCols; ++m) {
+    for (int j = 0; j < kTileCols; ++j) {
+      if (behind ? j <= m : j >= m) {
+        values[static_cast<std::size_t>(m * kTileCols + j)] = 0.0;
+      }
+    }
+  }
+  return values;
+}
+
+TEST_P(KernelTest, SubstitutionGoesForwardAndBackward) {
+  for (const int width : {1, 2, 7, 8, 9, 23, 24}) {
+    for (const int rows : {1, 3, 8}) {
+      for (const bool forward : {true, false}) {
+        const auto d = Triangle(Random(kTileCols * kTileCols), forward);
+        auto pivots = Random(kTileCols);
+        pivots[0] = 0.0;
+        auto matrix = Random(kTileRows * kTileCols);
+        auto tile = Random(kTileRows * kTileCols);
+        auto wanted = matrix;
+        double * row[kTileRows];
+        for (int r = 0; r < rows; ++r) {
+          row[r] = matrix.data() + r * kTileCols;
+          double * const x = wanted.data() + r * kTileCols;
+          std::vector<double> s(tile.begin() + r * kTileCols, tile.begin() + (r + 1) * kTileCols);
+          for (int step = 0; step < width; ++step) {
+            const int m = forward ? step : width - 1 - step;
+            const auto at = static_cast<std::size_t>(m);
+            x[m] = !forward            ? s[at] * pivots[at]
+                   : pivots[at] != 0.0 ? (x[m] - s[at]) / pivots[at]
+                                       : 0.0;
+            for (int j = forward ? m + 1 : 0; j < (forward ? width : m); ++j) {
+              double & sum = s[static_cast<std::size_t>(j)];
+              sum = std::fma(x[m], d[static_cast<std::size_t>(m * kTileCols + j)], sum);
+            }
+          }
+        }
+        (forward ? GetParam()->solveForwardFused : GetParam()->multiplyBackwardFused)(
+            rows, width, row, tile.data(), d.data(), pivots.data());
+        ExpectSameBits(wanted, matrix);
+      }
+    }
+  }
+}
+
 TEST_P(KernelTest, ScaleMultipliesEachOnce) {
   for (const std::size_t n : kLengths) {
     auto x = Random(n + 8);

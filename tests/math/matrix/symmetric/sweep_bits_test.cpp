@@ -109,6 +109,29 @@ TEST_P(SweepBits, TheFastFormIsThePlainForm) {
   }
 }
 
+TEST(SweepBitsOfALargeMatrix, TheFastFormIsThePlainForm) {
+  constexpr int n = 2100;  // above the order whose pivot column stands on the stack
+  QVSymMatrix fast(n, true);
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < i; ++j) {
+      fast.SetElem(i, j, std::sin(i + 0.37 * j));
+    }
+    fast.SetElem(i, i, n);
+  }
+  QVSymMatrix plain = fast;
+  const std::vector<double> ref(n, 1.0);
+  QVBitSet sweptFast(n);
+  QVBitSet sweptPlain(n);
+  for (const int k : {0, 2099, 1000, 2060, 1000}) {
+    EXPECT_TRUE(fast.Sweep(k, kTolerance, ref, sweptFast, true));
+    EXPECT_TRUE(plain.SweepOrig(k, kTolerance, ref, sweptPlain, true));
+  }
+  EXPECT_TRUE(sweptFast == sweptPlain);
+  EXPECT_EQ(std::memcmp(fast.AsVector().data(), plain.AsVector().data(),
+                        fast.AsVector().size() * sizeof(double)),
+            0);
+}
+
 TEST_P(SweepBits, OnAllIsRowByRow) {
   const int n = GetParam();
   for (const Planted planted : kAllPlanted) {
