@@ -19,7 +19,8 @@
 ///
 /// - `GetCorr` reads the cells as a packed symmetric matrix with its diagonal and takes the square
 ///   root of each diagonal element twice. `Update` fills cells for pairs alone, so that it does not
-///   give the correlations of the pairs: divide a covariance by the roots of the two variances.
+///   give the correlations of the pairs; take the variances for those from an accumulator of your
+///   own (`QVContStats`).
 /// - `Merge` takes the other's total of the first variable for that of the second one, and joins
 ///   unfolded sums in the first n cells alone (n variables). It is right when both variables of
 ///   each pair have one mean and one variance in the other object, after `Finish` on the other.

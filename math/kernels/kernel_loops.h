@@ -248,15 +248,14 @@ inline void Axpy(std::size_t n, double a, const double * x, double * y) {
   const typename Lanes::Vector factor = Lanes::Spread(a);
   if (n < Lanes::kWidth) {
     if (n > 0) {
-      Lanes::StorePart(y, n,
-                       Accumulate<Lanes, kRounding>(factor, Lanes::LoadPart(x, n),
-                                                    Lanes::LoadPart(y, n)));
+      Lanes::StorePart(
+          y, n, Accumulate<Lanes, kRounding>(factor, Lanes::LoadPart(x, n), Lanes::LoadPart(y, n)));
     }
     return;
   }
   const std::size_t lastStart = n - Lanes::kWidth;
-  const typename Lanes::Vector last = Accumulate<Lanes, kRounding>(
-      factor, Lanes::Load(x + lastStart), Lanes::Load(y + lastStart));
+  const typename Lanes::Vector last =
+      Accumulate<Lanes, kRounding>(factor, Lanes::Load(x + lastStart), Lanes::Load(y + lastStart));
   for (std::size_t j = 0; j < lastStart; j += Lanes::kWidth) {
     Lanes::Store(y + j,
                  Accumulate<Lanes, kRounding>(factor, Lanes::Load(x + j), Lanes::Load(y + j)));

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "QVBitSet.h"
+#include "QVProvMeans.h"
 #include "QVSymMatrix.h"
 #include "XMLElement.h"
 #include "XMLString.h"
@@ -56,6 +57,21 @@ TEST(Threads, EachSweepsItsOwnMatrix) {
     Figures diagonal;
     matrix.GetDiagonal(diagonal);
     return diagonal;
+  });
+}
+
+TEST(Threads, EachAccumulatesItsOwnCases) {
+  ExpectSameOnEveryThread<Figures>([] {
+    constexpr int Variables = 70;  // large enough for the special kernels
+    QVMath_940::QVProvMeans first(Variables, true), second(Variables, true);
+    for (int i = 0; i < 100; ++i) {
+      Figures row;
+      for (int k = 0; k < Variables; ++k)
+        row.push_back(Value(i, k));
+      (i < 40 ? first : second).Update(row, 1.0 + i % 3);
+    }
+    first.Merge(second);
+    return first.GetXProds().AsVector();
   });
 }
 
