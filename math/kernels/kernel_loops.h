@@ -52,7 +52,7 @@ inline void TileBlock(int count, ConstRows a, ConstRows b, Rows c) {
   // The tile that usually follows stands in the next rows: have it ready.
 #pragma GCC unroll 8
   for (int r = 0; r < kRows; ++r) {
-    for (int v = 0; v <= kVectors * static_cast<int>(Lanes::kWidth); v += kDoublesInLine) {
+    for (int v = 0; v <= kVectors * Lanes::kWidth; v += kDoublesInLine) {
       __builtin_prefetch(cRow + v, 1);
     }
     cRow += cStep;
@@ -190,8 +190,7 @@ void SolveForward(int rows, int width, double * const * row, double * tile, cons
       const double x = pivot != 0.0 ? (row[r][m] - s[m]) / pivot : 0.0;
       row[r][m] = x;
       const typename Lanes::Vector factor = Lanes::Spread(x);
-      for (int j = m / static_cast<int>(Lanes::kWidth) * static_cast<int>(Lanes::kWidth); j < width;
-           j += static_cast<int>(Lanes::kWidth)) {
+      for (int j = m / Lanes::kWidth * Lanes::kWidth; j < width; j += Lanes::kWidth) {
         Lanes::Store(s + j, Lanes::Fma(factor, Lanes::Load(dRow + j), Lanes::Load(s + j)));
       }
     }
@@ -201,7 +200,7 @@ void SolveForward(int rows, int width, double * const * row, double * tile, cons
 template <typename Lanes>
 void FactorBlock(int width, double * const * row, double * sums, const double * bound, double * d,
                  double * diagonal) {
-  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  constexpr int kWidth = Lanes::kWidth;
   for (int m = 0; m < width; ++m) {
     double * const dRow = d + m * kTileCols;
     const double pivotSquare = row[m][m] - sums[m * kTileCols + m];
@@ -233,7 +232,7 @@ void MultiplyBackward(int rows, int width, double * const * row, double * tile, 
       const double x = s[m] * factor[m];
       row[r][m] = x;
       const typename Lanes::Vector spread = Lanes::Spread(x);
-      for (int j = 0; j < m; j += static_cast<int>(Lanes::kWidth)) {
+      for (int j = 0; j < m; j += Lanes::kWidth) {
         Lanes::Store(s + j, Lanes::Fma(spread, Lanes::Load(dRow + j), Lanes::Load(s + j)));
       }
     }

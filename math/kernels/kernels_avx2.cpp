@@ -9,7 +9,7 @@ namespace {
 
 struct Avx2Lanes {
   using Vector = __m256d;
-  static constexpr std::size_t kWidth = 4;
+  static constexpr int kWidth = 4;
   static constexpr int kBlockRows = 4;
   static constexpr int kBlockVectors = 3;
 

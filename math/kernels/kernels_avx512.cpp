@@ -9,7 +9,7 @@ namespace {
 
 struct Avx512Lanes {
   using Vector = __m512d;
-  static constexpr std::size_t kWidth = 8;
+  static constexpr int kWidth = 8;
   static constexpr int kBlockRows = 8;
   static constexpr int kBlockVectors = 3;
 

@@ -10,7 +10,7 @@ namespace {
 
 struct PortableLanes {
   using Vector = double;
-  static constexpr std::size_t kWidth = 1;
+  static constexpr int kWidth = 1;
   static constexpr int kBlockRows = 2;
   static constexpr int kBlockVectors = 4;
 
