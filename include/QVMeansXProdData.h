@@ -18,6 +18,7 @@
 /// Guarantees.
 /// Missing values are not known here: -1.8e308 enters as a number. Drop such cases before.
 /// Copies are deep and independent. A state whose storage could not be obtained has 0 variables.
+/// Only the means and local scratch can throw std::bad_alloc.
 /// Threads: different objects may be used from different threads; give each thread its own and
 /// `Merge` at the end.
 #pragma once
