@@ -7,7 +7,10 @@
 /// `Lanes` gives: `Vector`, `kWidth`, `Load`, `LoadPart(p, n)`, `Store`, `StorePart(p, n, v)`,
 /// `Spread(double)`, `Fma(a, b, c)`, `MulAdd(a, b, c)` (two roundings), `Mul(a, b)`,
 /// `Sub`, `Div`, `Root(double)`, `AllAbove(v, bound, n)` for the first n lanes,
-/// `ScalarFma(a, b, c)`, and the register block `kBlockRows` x `kBlockVectors` of a tile.
+/// `ScalarFma(a, b, c)`, `LoadColumns(rows, j, n, columns)`, which gives column j + c of kWidth rows
+/// in columns[c] for c below n (the others hold zeros), `FmaFirst(n, a, b, c)` and `FmaBehind(n, a,
+/// b, c)`, which leave c in the lanes behind the first n, or in these, and the register block
+/// `kBlockRows` x `kBlockVectors` of a tile.
 #pragma once
 
 #include "math/kernels/kernel_table.h"
@@ -302,29 +305,6 @@ void Combine(int count, const double * w, ConstRows x, std::size_t n, double * y
   }
 }
 
-inline constexpr int kDotRows = 8;
-
-/// Eight sums run side by side, since each of them must wait for its own last addition.
-template <typename Lanes>
-inline void DotEightRows(const double * const * row, const double * v, std::size_t n,
-                         double * sum) {
-  double s0 = sum[0], s1 = sum[1], s2 = sum[2], s3 = sum[3];
-  double s4 = sum[4], s5 = sum[5], s6 = sum[6], s7 = sum[7];
-  for (std::size_t j = 0; j < n; ++j) {
-    const double x = v[j];
-    s0 = Lanes::ScalarFma(row[0][j], x, s0);
-    s1 = Lanes::ScalarFma(row[1][j], x, s1);
-    s2 = Lanes::ScalarFma(row[2][j], x, s2);
-    s3 = Lanes::ScalarFma(row[3][j], x, s3);
-    s4 = Lanes::ScalarFma(row[4][j], x, s4);
-    s5 = Lanes::ScalarFma(row[5][j], x, s5);
-    s6 = Lanes::ScalarFma(row[6][j], x, s6);
-    s7 = Lanes::ScalarFma(row[7][j], x, s7);
-  }
-  sum[0] = s0, sum[1] = s1, sum[2] = s2, sum[3] = s3;
-  sum[4] = s4, sum[5] = s5, sum[6] = s6, sum[7] = s7;
-}
-
 template <typename Lanes>
 inline void DotOneRow(const double * row, const double * v, std::size_t n, double * sum) {
   double s = *sum;
@@ -334,48 +314,275 @@ inline void DotOneRow(const double * row, const double * v, std::size_t n, doubl
   *sum = s;
 }
 
-template <typename Lanes>
-void DotRows(int rows, ConstRows x, const double * v, std::size_t n, double * sum) {
-  const double * row = x.start;
-  std::ptrdiff_t step = x.step;
-  int r = 0;
-  for (; r + kDotRows <= rows; r += kDotRows) {
-    const double * eight[kDotRows];
-    for (int q = 0; q < kDotRows; ++q) {
-      eight[q] = row;
-      row += step;
-      step += x.grow;
-    }
-    DotEightRows<Lanes>(eight, v, n, sum + r);
+/// Rows whose sums run side by side, since each of them must wait for its own last addition.
+inline constexpr int kDotRows = 16;
+
+/// kVectors vectors of sums, one row a lane: the rows' elements are turned into columns on the way.
+/// Reads `ahead`, as much as the rows hold, into the cache.
+template <typename Lanes, int kVectors>
+inline void DotVectors(const double * const * row, const double * v, std::size_t n,
+                       const double * ahead, typename Lanes::Vector * sum) {
+  using Vector = typename Lanes::Vector;
+  constexpr std::size_t kWidth = Lanes::kWidth;
+  Vector s[kVectors];
+#pragma GCC unroll 16
+  for (int q = 0; q < kVectors; ++q) {
+    s[q] = sum[q];
   }
-  for (; r < rows; ++r) {
-    DotOneRow<Lanes>(row, v, n, sum + r);
-    row += step;
-    step += x.grow;
+  std::size_t j = 0;
+  for (; j + kWidth <= n; j += kWidth) {
+    Vector column[kVectors][kWidth];
+#pragma GCC unroll 16
+    for (int q = 0; q < kVectors; ++q) {
+      Lanes::LoadColumns(row + q * static_cast<int>(kWidth), j, kWidth, column[q]);
+    }
+#pragma GCC unroll 16
+    for (std::size_t line = 0; line < kVectors * kWidth * kWidth; line += kDoublesInLine) {
+      __builtin_prefetch(ahead + line);
+    }
+    ahead += kVectors * kWidth * kWidth;
+#pragma GCC unroll 8
+    for (std::size_t c = 0; c < kWidth; ++c) {
+      const Vector x = Lanes::Spread(v[j + c]);
+#pragma GCC unroll 16
+      for (int q = 0; q < kVectors; ++q) {
+        s[q] = Lanes::Fma(column[q][c], x, s[q]);
+      }
+    }
+  }
+  if (j < n) {
+    Vector column[kVectors][kWidth];
+#pragma GCC unroll 16
+    for (int q = 0; q < kVectors; ++q) {
+      Lanes::LoadColumns(row + q * static_cast<int>(kWidth), j, n - j, column[q]);
+    }
+#pragma GCC unroll 8
+    for (std::size_t c = 0; c < kWidth; ++c) {
+      if (j + c < n) {
+        const Vector x = Lanes::Spread(v[j + c]);
+#pragma GCC unroll 16
+        for (int q = 0; q < kVectors; ++q) {
+          s[q] = Lanes::Fma(column[q][c], x, s[q]);
+        }
+      }
+    }
+  }
+#pragma GCC unroll 16
+  for (int q = 0; q < kVectors; ++q) {
+    sum[q] = s[q];
   }
 }
 
-/// Columns that one pass of a symmetric product takes at a time: eight rows of them stay in the
-/// first-level cache between the two uses of each element.
-inline constexpr std::size_t kSymmetricColumns = 256;
+/// The rows of a group that is not full stand in for the missing ones.
+template <typename Lanes, int kCount>
+inline void DotSomeRows(int rows, const double ** row, const double * v, std::size_t n,
+                        double * sum) {
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  double padded[kCount] = {};
+  for (int q = 0; q < rows; ++q) {
+    padded[q] = sum[q];
+  }
+  for (int q = rows; q < kCount; ++q) {
+    row[q] = row[0];
+  }
+  typename Lanes::Vector sums[kCount / kWidth];
+  for (int q = 0; q < kCount / kWidth; ++q) {
+    sums[q] = Lanes::Load(padded + q * kWidth);
+  }
+  DotVectors<Lanes, kCount / kWidth>(row, v, n, row[0] + n, sums);
+  for (int q = 0; q < kCount / kWidth; ++q) {
+    Lanes::Store(padded + q * kWidth, sums[q]);
+  }
+  for (int q = 0; q < rows; ++q) {
+    sum[q] = padded[q];
+  }
+}
 
 template <typename Lanes>
-void SymmetricRows(int rows, ConstRows x, const double * v, const double * w, std::size_t n,
-                   double * sum, double * y) {
-  const double * row = x.start;
+void DotRows(int rows, ConstRows x, const double * v, std::size_t n, double * sum) {
+  constexpr int kHalf = kDotRows / 2;
+  const double * row[kDotRows];
+  const double * next = x.start;
   std::ptrdiff_t step = x.step;
-  for (int r = 0; r < rows; r += kDotRows) {
-    const int taken = rows - r < kDotRows ? rows - r : kDotRows;
-    const ConstRows group{row, step, x.grow};
-    for (std::size_t j = 0; j < n; j += kSymmetricColumns) {
-      const std::size_t width = n - j < kSymmetricColumns ? n - j : kSymmetricColumns;
-      const ConstRows part{group.start + j, group.step, group.grow};
-      DotRows<Lanes>(taken, part, v + j, width, sum + r);
-      Combine<Lanes>(taken, w + r, part, width, y + j);
-    }
+  for (int taken = 0; rows > 0; rows -= taken, sum += taken) {
+    taken = rows < kDotRows ? rows : kDotRows;
     for (int q = 0; q < taken; ++q) {
-      row += step;
+      row[q] = next;
+      next += step;
       step += x.grow;
+    }
+    if (taken > kHalf) {
+      DotSomeRows<Lanes, kDotRows>(taken, row, v, n, sum);
+    } else if (taken > 1) {
+      DotSomeRows<Lanes, kHalf>(taken, row, v, n, sum);
+    } else {
+      DotOneRow<Lanes>(row[0], v, n, sum);
+    }
+  }
+}
+
+template <typename Lanes>
+double DotWalk(std::size_t n, ConstRows x, ConstRows y, double sum) {
+  for (std::size_t j = 0; j < n; ++j) {
+    sum = Lanes::ScalarFma(*x.start, *y.start, sum);
+    x.start += x.step;
+    x.step += x.grow;
+    y.start += y.step;
+    y.step += y.grow;
+  }
+  return sum;
+}
+
+template <typename Lanes>
+void AxpyWalk(std::size_t n, double a, ConstRows x, double * y) {
+  for (std::size_t j = 0; j < n; ++j) {
+    y[j] = Lanes::ScalarFma(a, *x.start, y[j]);
+    x.start += x.step;
+    x.step += x.grow;
+  }
+}
+
+template <typename Lanes>
+void MultiplyAdd(std::size_t n, const double * x, const double * y, double * sum) {
+  for (std::size_t j = 0; j < n; j += Lanes::kWidth) {
+    const std::size_t part = n - j < Lanes::kWidth ? n - j : Lanes::kWidth;
+    Lanes::StorePart(sum + j, part,
+                     Lanes::Fma(Lanes::LoadPart(x + j, part), Lanes::LoadPart(y + j, part),
+                                Lanes::LoadPart(sum + j, part)));
+  }
+}
+
+/// Columns that one pass of a symmetric product takes at a time: the rows' part of them stays in
+/// the first-level cache between the two uses of each element.
+inline constexpr std::size_t kSymmetricColumns = 128;
+
+/// The sums of kDotRows rows of a triangle, of which row[r] is at column `first`, its diagonal
+/// element at row[r][r]: the products of the columns up to the diagonal. All reads lie inside these
+/// rows. `v` is at column `first` too.
+template <typename Lanes>
+inline void DotDiagonal(const double * const * row, const double * v, typename Lanes::Vector * sum) {
+  using Vector = typename Lanes::Vector;
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  constexpr int kVectors = kDotRows / kWidth;
+#pragma GCC unroll 16
+  for (int b = 0; b < kVectors; ++b) {
+    Vector column[kVectors][kWidth];
+#pragma GCC unroll 16
+    for (int q = b; q < kVectors; ++q) {
+      Lanes::LoadColumns(row + q * kWidth, static_cast<std::size_t>(b * kWidth), kWidth, column[q]);
+    }
+#pragma GCC unroll 8
+    for (int c = 0; c < kWidth; ++c) {
+      const Vector x = Lanes::Spread(v[b * kWidth + c]);
+      sum[b] = Lanes::FmaBehind(static_cast<std::size_t>(c), column[b][c], x, sum[b]);
+#pragma GCC unroll 16
+      for (int q = b + 1; q < kVectors; ++q) {
+        sum[q] = Lanes::Fma(column[q][c], x, sum[q]);
+      }
+    }
+  }
+}
+
+/// The other half: what the elements before the diagonal add to the sums of their columns.
+template <typename Lanes>
+inline void CombineDiagonal(const double * const * row, const double * v,
+                            typename Lanes::Vector * sum) {
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+#pragma GCC unroll 16
+  for (int r = 1; r < kDotRows; ++r) {
+    const typename Lanes::Vector x = Lanes::Spread(v[r]);
+#pragma GCC unroll 16
+    for (int q = 0; q * kWidth < r; ++q) {
+      const double * const elements = row[r] + q * kWidth;
+      if (r - q * kWidth >= kWidth) {
+        sum[q] = Lanes::Fma(Lanes::Load(elements), x, sum[q]);
+      } else {
+        const std::size_t part = static_cast<std::size_t>(r - q * kWidth);
+        sum[q] = Lanes::FmaFirst(part, Lanes::LoadPart(elements, part), x, sum[q]);
+      }
+    }
+  }
+}
+
+/// The rows before the first full group of a product of a triangle with a vector.
+template <typename Lanes, bool kIsSymmetric>
+inline void MultiplyFirstRows(int rows, const double * a, const double * v, double * y) {
+  for (int i = 0; i < rows; ++i) {
+    y[i] = 0.0;
+  }
+  for (int i = 0; i < rows; ++i) {
+    double sum = 0.0;
+    for (int j = 0; j < i; ++j) {
+      sum = Lanes::ScalarFma(a[j], v[j], sum);
+      if constexpr (kIsSymmetric) {
+        y[j] = Lanes::ScalarFma(a[j], v[i], y[j]);
+      }
+    }
+    y[i] = Lanes::ScalarFma(a[i], v[i], sum);
+    a += i + 1;
+  }
+}
+
+template <typename Lanes, bool kIsSymmetric>
+void TriangleProduct(int n, const double * a, const double * v, double * y) {
+  using Vector = typename Lanes::Vector;
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  constexpr int kVectors = kDotRows / kWidth;
+  int first = n % kDotRows;
+  MultiplyFirstRows<Lanes, kIsSymmetric>(first, a, v, y);
+  const double * next = a + first * (first + 1) / 2;
+  for (; first < n; first += kDotRows) {
+    const double * row[kDotRows];
+    const std::ptrdiff_t step = first + 1;
+    const ConstRows group{next, step, 1};
+    for (int r = 0; r < kDotRows; ++r) {
+      row[r] = next;
+      next += first + r + 1;
+    }
+    Vector sum[kVectors];
+#pragma GCC unroll 16
+    for (int q = 0; q < kVectors; ++q) {
+      sum[q] = Lanes::Spread(0.0);
+    }
+    const std::size_t before = static_cast<std::size_t>(first);
+    if constexpr (kIsSymmetric) {
+      for (std::size_t j = 0; j < before; j += kSymmetricColumns) {
+        const std::size_t width = before - j < kSymmetricColumns ? before - j : kSymmetricColumns;
+        DotVectors<Lanes, kVectors>(row, v + j, width, next + j * kDotRows, sum);
+        Combine<Lanes>(kDotRows, v + first, {group.start + j, step, 1}, width, y + j);
+        for (int r = 0; r < kDotRows; ++r) {
+          row[r] += width;
+        }
+      }
+    } else {
+      DotVectors<Lanes, kVectors>(row, v, before, next, sum);
+      for (int r = 0; r < kDotRows; ++r) {
+        row[r] += before;
+      }
+    }
+    DotDiagonal<Lanes>(row, v + first, sum);
+    if constexpr (kIsSymmetric) {
+      CombineDiagonal<Lanes>(row, v + first, sum);
+    }
+#pragma GCC unroll 16
+    for (int q = 0; q < kVectors; ++q) {
+      Lanes::Store(y + first + q * kWidth, sum[q]);
+    }
+  }
+}
+
+template <typename Lanes>
+void LowerTransposedProduct(int n, const double * a, const double * v, double * y) {
+  const double * row = a;
+  int rows = n % kDotRows == 0 ? kDotRows : n % kDotRows;
+  for (int first = 0; first < n; first += rows, rows = kDotRows) {
+    Combine<Lanes>(rows, v + first, {row, first + 1, 1}, static_cast<std::size_t>(first), y);
+    for (int r = 0; r < rows; ++r) {
+      y[first + r] = 0.0;
+      for (int q = 0; q <= r; ++q) {
+        y[first + q] = Lanes::ScalarFma(row[first + q], v[first + r], y[first + q]);
+      }
+      row += first + r + 1;
     }
   }
 }
@@ -478,7 +685,12 @@ constexpr KernelTable MakeTable(const char * name) {
           Axpy<Lanes, Rounding::Plain>,
           Combine<Lanes>,
           DotRows<Lanes>,
-          SymmetricRows<Lanes>,
+          DotWalk<Lanes>,
+          AxpyWalk<Lanes>,
+          MultiplyAdd<Lanes>,
+          TriangleProduct<Lanes, true>,
+          TriangleProduct<Lanes, false>,
+          LowerTransposedProduct<Lanes>,
           RankOne<Lanes, Rounding::Fused>,
           RankOne<Lanes, Rounding::Plain>,
           SweepRow<Lanes, Rounding::Fused>,

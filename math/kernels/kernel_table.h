@@ -50,8 +50,8 @@ struct KernelTable {
   void (*tileFused)(int count, ConstRows a, ConstRows b, Rows c);
   void (*tilePlain)(int count, ConstRows a, ConstRows b, Rows c);
 
-  /// The same with the left factor read along rows: c[r][j] += a[r][k * aStep] * b[k][j], aStep 1
-  /// or -1; `a` points to kTileRows pointers.
+  /// The same with the left factor read along rows: c[r][j] += a[r][k * aStep] * b[k][j], for any
+  /// aStep; `a` points to kTileRows pointers.
   void (*tileByRowsFused)(int count, const double * const * a, std::ptrdiff_t aStep, ConstRows b,
                           Rows c);
 
@@ -87,10 +87,24 @@ struct KernelTable {
   /// sum[r] += x[r][j] * v[j] for j = 0 .. n - 1 in this order; r below `rows`, any number.
   void (*dotRowsFused)(int rows, ConstRows x, const double * v, std::size_t n, double * sum);
 
-  /// One pass of a symmetric product over `rows` rows of n elements each: sum[r] as in
-  /// dotRowsFused, and y[j] += x[r][j] * w[r] for r in ascending order.
-  void (*symmetricRowsFused)(int rows, ConstRows x, const double * v, const double * w,
-                             std::size_t n, double * sum, double * y);
+  /// sum + the products x(j) * y(j) of two walks, each of whose rows is one value, for
+  /// j = 0 .. n - 1 in this order: for columns of a packed triangle and vectors with a stride.
+  double (*dotWalkFused)(std::size_t n, ConstRows x, ConstRows y, double sum);
+
+  /// y[j] += a * x(j), j below n, for such a walk x.
+  void (*axpyWalkFused)(std::size_t n, double a, ConstRows x, double * y);
+
+  /// sum[j] += x[j] * y[j], j below n.
+  void (*multiplyAddFused)(std::size_t n, const double * x, const double * y, double * sum);
+
+  /// Products of a packed triangle `a` of order n with a vector; y is not v. Each element of y
+  /// starts from 0.0 and receives its products in the order of j:
+  ///     symmetricProductFused        y[i] = sum over all j of a(i, j) * v[j]
+  ///     lowerProductFused            y[i] = sum over j up to i of a(i, j) * v[j]
+  ///     lowerTransposedProductFused  y[i] = sum over j from i of a(j, i) * v[j]
+  void (*symmetricProductFused)(int n, const double * a, const double * v, double * y);
+  void (*lowerProductFused)(int n, const double * a, const double * v, double * y);
+  void (*lowerTransposedProductFused)(int n, const double * a, const double * v, double * y);
 
   /// Packed lower triangle: a(i, j) += b[i] * c[j] for j at or below i, i below n.
   void (*rankOneFused)(int n, const double * b, const double * c, double * a);

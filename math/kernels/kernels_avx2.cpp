@@ -27,6 +27,12 @@ struct Avx2Lanes {
   }
   static Vector Spread(double a) { return _mm256_set1_pd(a); }
   static Vector Fma(Vector a, Vector b, Vector c) { return _mm256_fmadd_pd(a, b, c); }
+  static Vector FmaFirst(std::size_t n, Vector a, Vector b, Vector c) {
+    return _mm256_blendv_pd(c, Fma(a, b, c), _mm256_castsi256_pd(First(n)));
+  }
+  static Vector FmaBehind(std::size_t n, Vector a, Vector b, Vector c) {
+    return _mm256_blendv_pd(Fma(a, b, c), c, _mm256_castsi256_pd(First(n)));
+  }
   static Vector Mul(Vector a, Vector b) { return _mm256_mul_pd(a, b); }
   static Vector MulAdd(Vector a, Vector b, Vector c) {
     return _mm256_add_pd(c, _mm256_mul_pd(a, b));
@@ -38,6 +44,30 @@ struct Avx2Lanes {
     return (_mm256_movemask_pd(_mm256_cmp_pd(v, bound, _CMP_GT_OQ)) & wanted) == wanted;
   }
   static double Root(double a) { return _mm_cvtsd_f64(_mm_sqrt_pd(_mm_set_sd(a))); }
+  static __m128d LoadTwo(const double * p, std::size_t n) {
+    return n >= 2 ? _mm_loadu_pd(p) : n == 1 ? _mm_load_sd(p) : _mm_setzero_pd();
+  }
+  static void LoadColumns(const double * const * rows, std::size_t j, std::size_t n,
+                          Vector * columns) {
+    Vector left[2];   // columns 0 and 1 of rows r and r + 2
+    Vector right[2];  // columns 2 and 3
+    for (int r = 0; r < 2; ++r) {
+      const double * const upper = rows[r] + j;
+      const double * const lower = rows[r + 2] + j;
+      if (n == kWidth) {
+        left[r] = _mm256_loadu2_m128d(lower, upper);
+        right[r] = _mm256_loadu2_m128d(lower + 2, upper + 2);
+      } else {
+        const std::size_t behind = n > 2 ? n - 2 : 0;
+        left[r] = _mm256_set_m128d(LoadTwo(lower, n), LoadTwo(upper, n));
+        right[r] = _mm256_set_m128d(LoadTwo(lower + 2, behind), LoadTwo(upper + 2, behind));
+      }
+    }
+    columns[0] = _mm256_unpacklo_pd(left[0], left[1]);
+    columns[1] = _mm256_unpackhi_pd(left[0], left[1]);
+    columns[2] = _mm256_unpacklo_pd(right[0], right[1]);
+    columns[3] = _mm256_unpackhi_pd(right[0], right[1]);
+  }
   static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
 };
 

@@ -20,12 +20,22 @@ struct PortableLanes {
   static void StorePart(double * p, std::size_t, Vector v) { *p = v; }
   static Vector Spread(double a) { return a; }
   static Vector Fma(Vector a, Vector b, Vector c) { return std::fma(a, b, c); }
+  static Vector FmaFirst(std::size_t n, Vector a, Vector b, Vector c) {
+    return n > 0 ? std::fma(a, b, c) : c;
+  }
+  static Vector FmaBehind(std::size_t n, Vector a, Vector b, Vector c) {
+    return n > 0 ? c : std::fma(a, b, c);
+  }
   static Vector Mul(Vector a, Vector b) { return a * b; }
   static Vector MulAdd(Vector a, Vector b, Vector c) { return c + a * b; }
   static Vector Sub(Vector a, Vector b) { return a - b; }
   static Vector Div(Vector a, Vector b) { return a / b; }
   static bool AllAbove(Vector v, Vector bound, std::size_t) { return v > bound; }
   static double Root(double a) { return std::sqrt(a); }
+  static void LoadColumns(const double * const * rows, std::size_t j, std::size_t,
+                          Vector * columns) {
+    columns[0] = rows[0][j];
+  }
   static double ScalarFma(double a, double b, double c) { return std::fma(a, b, c); }
 };
 
