@@ -7,10 +7,10 @@
 /// `Lanes` gives: `Vector`, `kWidth`, `Load`, `LoadPart(p, n)`, `Store`, `StorePart(p, n, v)`,
 /// `Spread(double)`, `Fma(a, b, c)`, `MulAdd(a, b, c)` (two roundings), `Mul(a, b)`,
 /// `Sub`, `Div`, `Root(double)`, `AllAbove(v, bound, n)` for the first n lanes,
-/// `ScalarFma(a, b, c)`, `LoadColumns(rows, j, n, columns)`, which gives column j + c of kWidth rows
-/// in columns[c] for c below n (the others hold zeros), `FmaFirst(n, a, b, c)` and `FmaBehind(n, a,
-/// b, c)`, which leave c in the lanes behind the first n, or in these, and the register block
-/// `kBlockRows` x `kBlockVectors` of a tile.
+/// `ScalarFma(a, b, c)`, `LoadColumns(rows, j, n, columns)`, which gives column j + c of kWidth
+/// rows in columns[c] for c below n (the others hold zeros), `FmaFirst(n, a, b, c)` and
+/// `FmaBehind(n, a, b, c)`, which leave c in the lanes behind the first n, or in these, and the
+/// register block `kBlockRows` x `kBlockVectors` of a tile.
 #pragma once
 
 #include "math/kernels/kernel_table.h"
@@ -460,7 +460,8 @@ inline constexpr std::size_t kSymmetricColumns = 128;
 /// element at row[r][r]: the products of the columns up to the diagonal. All reads lie inside these
 /// rows. `v` is at column `first` too.
 template <typename Lanes>
-inline void DotDiagonal(const double * const * row, const double * v, typename Lanes::Vector * sum) {
+inline void DotDiagonal(const double * const * row, const double * v,
+                        typename Lanes::Vector * sum) {
   using Vector = typename Lanes::Vector;
   constexpr int kWidth = static_cast<int>(Lanes::kWidth);
   constexpr int kVectors = kDotRows / kWidth;

@@ -43,8 +43,10 @@ struct Avx512Lanes {
   static __m256d LoadFour(const double * p, std::size_t n) {
     return _mm256_maskz_loadu_pd(static_cast<__mmask8>((1u << n) - 1u), p);
   }
+  // Of two halves, or of two vectors, by the number of the lane (the second one's from 4, or 8,
+  // on); not by the named intrinsics, about which GCC 12 warns.
   static Vector Join(__m256d low, __m256d high) {
-    return _mm512_insertf64x4(_mm512_castpd256_pd512(low), high, 1);
+    return __builtin_shufflevector(low, high, 0, 1, 2, 3, 4, 5, 6, 7);
   }
   static void LoadColumns(const double * const * rows, std::size_t j, std::size_t n,
                           Vector * columns) {
@@ -62,21 +64,23 @@ struct Avx512Lanes {
         half[1][r] = Join(LoadFour(upper + 4, n - front), LoadFour(lower + 4, n - front));
       }
     }
-    const __m512i even = _mm512_setr_epi64(0, 1, 8, 9, 4, 5, 12, 13);
-    const __m512i odd = _mm512_setr_epi64(2, 3, 10, 11, 6, 7, 14, 15);
 #pragma GCC unroll 2
     for (int h = 0; h < 2; ++h) {
-      const Vector low01 = _mm512_unpacklo_pd(half[h][0], half[h][1]);
-      const Vector high01 = _mm512_unpackhi_pd(half[h][0], half[h][1]);
-      const Vector low23 = _mm512_unpacklo_pd(half[h][2], half[h][3]);
-      const Vector high23 = _mm512_unpackhi_pd(half[h][2], half[h][3]);
-      columns[4 * h + 0] = _mm512_permutex2var_pd(low01, even, low23);
-      columns[4 * h + 1] = _mm512_permutex2var_pd(high01, even, high23);
-      columns[4 * h + 2] = _mm512_permutex2var_pd(low01, odd, low23);
-      columns[4 * h + 3] = _mm512_permutex2var_pd(high01, odd, high23);
+      const Vector * const r = half[h];
+      const Vector even01 = __builtin_shufflevector(r[0], r[1], 0, 8, 2, 10, 4, 12, 6, 14);
+      const Vector odd01 = __builtin_shufflevector(r[0], r[1], 1, 9, 3, 11, 5, 13, 7, 15);
+      const Vector even23 = __builtin_shufflevector(r[2], r[3], 0, 8, 2, 10, 4, 12, 6, 14);
+      const Vector odd23 = __builtin_shufflevector(r[2], r[3], 1, 9, 3, 11, 5, 13, 7, 15);
+      Vector * const c = columns + 4 * h;
+      c[0] = __builtin_shufflevector(even01, even23, 0, 1, 8, 9, 4, 5, 12, 13);
+      c[1] = __builtin_shufflevector(odd01, odd23, 0, 1, 8, 9, 4, 5, 12, 13);
+      c[2] = __builtin_shufflevector(even01, even23, 2, 3, 10, 11, 6, 7, 14, 15);
+      c[3] = __builtin_shufflevector(odd01, odd23, 2, 3, 10, 11, 6, 7, 14, 15);
     }
   }
-  static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
+  static double ScalarFma(double a, double b, double c) {
+    return __builtin_fma(a, b, c);
+  }
 };
 
 }  // namespace

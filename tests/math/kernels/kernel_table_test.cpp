@@ -1,6 +1,7 @@
 // One body of tests for every path: each kernel against its formula, bit by bit.
 #include "math/kernels/kernel_table.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <random>
@@ -131,26 +132,87 @@ TEST_P(KernelTest, DotRowsKeepsTheOrderOfEachSum) {
   }
 }
 
-TEST_P(KernelTest, SymmetricRowsDoesBothHalves) {
+TEST_P(KernelTest, WalksReadColumnsAndStrides) {
   for (const std::size_t n : kLengths) {
-    const int rows = 11;
-    const auto x = Random(rows * n + 1);
-    const auto v = Random(n + 1);
-    const auto w = Random(rows);
-    auto sum = Random(rows);
-    auto y = Random(n);
-    auto wantedSum = sum;
+    const auto triangle = Random(PackedRow(static_cast<int>(n) + 4));
+    const auto v = Random(3 * n + 1);
+    const ConstRows column{triangle.data() + PackedRow(3) + 2, 4, 1};  // (3, 2), (4, 2), ..
+    const ConstRows strided{v.data(), 3, 0};
+    double wanted = 0.7;
+    auto y = Random(n + 8);
     auto wantedY = y;
-    for (std::size_t r = 0; r < rows; ++r) {
-      for (std::size_t j = 0; j < n; ++j) {
-        wantedSum[r] = std::fma(x[r * n + j], v[j], wantedSum[r]);
-        wantedY[j] = std::fma(w[r], x[r * n + j], wantedY[j]);
+    for (std::size_t j = 0; j < n; ++j) {
+      const double element = triangle[PackedRow(static_cast<int>(j) + 3) + 2];
+      wanted = std::fma(element, v[3 * j], wanted);
+      wantedY[j] = std::fma(1.3, element, wantedY[j]);
+    }
+    EXPECT_EQ(GetParam()->dotWalkFused(n, column, strided, 0.7), wanted);
+    GetParam()->axpyWalkFused(n, 1.3, column, y.data());
+    ExpectSameBits(wantedY, y);
+  }
+}
+
+TEST_P(KernelTest, MultiplyAddGoesElementByElement) {
+  for (const std::size_t n : kLengths) {
+    const auto x = Random(n + 8);
+    const auto y = Random(n + 8);
+    auto sum = Random(n + 8);
+    auto wanted = sum;
+    for (std::size_t j = 0; j < n; ++j) {
+      wanted[j] = std::fma(x[j], y[j], sum[j]);
+    }
+    GetParam()->multiplyAddFused(n, x.data(), y.data(), sum.data());
+    ExpectSameBits(wanted, sum);
+  }
+}
+
+TEST_P(KernelTest, TriangleTimesVectorKeepsTheOrderOfEachSum) {
+  for (const int n : {0, 1, 2, 3, 7, 15, 16, 17, 32, 33, 64, 65, 129, 150, 300}) {
+    const std::size_t size = static_cast<std::size_t>(n);
+    const auto a = Random(PackedRow(n));  // exactly as long, so that a sanitizer sees every read
+    const auto v = Random(size);
+    const auto at = [&](int i, int j) {
+      return a[PackedRow(std::max(i, j)) + static_cast<std::size_t>(std::min(i, j))];
+    };
+    std::vector<double> symmetric(size), lower(size), transposed(size);
+    for (int i = 0; i < n; ++i) {
+      const std::size_t row = static_cast<std::size_t>(i);
+      for (int j = 0; j < n; ++j) {
+        const double x = v[static_cast<std::size_t>(j)];
+        symmetric[row] = std::fma(at(i, j), x, symmetric[row]);
+        if (j <= i) lower[row] = std::fma(at(i, j), x, lower[row]);
+        if (j >= i) transposed[row] = std::fma(at(i, j), x, transposed[row]);
       }
     }
-    GetParam()->symmetricRowsFused(rows, {x.data(), static_cast<std::ptrdiff_t>(n), 0}, v.data(),
-                                   w.data(), n, sum.data(), y.data());
-    ExpectSameBits(wantedSum, sum);
-    ExpectSameBits(wantedY, y);
+    auto y = Random(size);
+    GetParam()->symmetricProductFused(n, a.data(), v.data(), y.data());
+    ExpectSameBits(symmetric, y);
+    y = Random(size);
+    GetParam()->lowerProductFused(n, a.data(), v.data(), y.data());
+    ExpectSameBits(lower, y);
+    y = Random(size);
+    GetParam()->lowerTransposedProductFused(n, a.data(), v.data(), y.data());
+    ExpectSameBits(transposed, y);
+  }
+}
+
+TEST_P(KernelTest, TriangleTimesVectorLeavesOthersOut) {
+  // An infinity outside a sum must not turn it into NaN: nothing is multiplied by a zero in its
+  // place.
+  const int n = 33;
+  auto v = Random(n);
+  v[20] = INFINITY;
+  const std::vector<double> a(PackedRow(n), 1.0);
+  std::vector<double> y(n);
+  GetParam()->lowerProductFused(n, a.data(), v.data(), y.data());
+  for (std::size_t i = 0; i < n; ++i) {
+    EXPECT_EQ(std::isinf(y[i]), i >= 20);
+    EXPECT_FALSE(std::isnan(y[i]));
+  }
+  GetParam()->lowerTransposedProductFused(n, a.data(), v.data(), y.data());
+  for (std::size_t i = 0; i < n; ++i) {
+    EXPECT_EQ(std::isinf(y[i]), i <= 20);
+    EXPECT_FALSE(std::isnan(y[i]));
   }
 }
 
