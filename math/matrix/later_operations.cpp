@@ -1,7 +1,5 @@
 // These operations answer their refusal until their family stands here: false, -1, 0.0, the missing
 // value, or nothing done.
-#include "QVMV.h"
-#include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
 
 namespace QVMath_940 {
@@ -50,25 +48,5 @@ bool QVSymMatrix::ComputeRTransSR(const IQVRectMatrix &, IQVSymMatrix &) const {
 bool QVSymMatrix::ComputeRTransSV(const IQVRectMatrix &, const Vector &, Vector &) const { return false; }
 double QVSymMatrix::TraceOfProduct(const IQVSymMatrix &) const { return 0.0; }
 double QVSymMatrix::TraceOfProductOfThree(const IQVSymMatrix &, const IQVSymMatrix &) const { return 0.0; }
-
-// --- QVRectMatrix -------------------------------------------------------------------------------
-int QVRectMatrix::AddRow(const QVSparseVector &) { return -1; }
-bool QVRectMatrix::SetRow(int, const QVSparseVector &) { return false; }
-double QVRectMatrix::ColNorm(int) const { return QVCommon_940::QVMV::Missing(); }
-double QVRectMatrix::RowNorm(int) const { return QVCommon_940::QVMV::Missing(); }
-bool QVRectMatrix::CopyRows(const IQVRectMatrix &, int, int) { return false; }
-bool QVRectMatrix::CreateBlockDiagonal(int, IQVRectMatrix &) const { return false; }
-int QVRectMatrix::ExtractColumns(const Rows &, IQVRectMatrix &) const { return -1; }
-int QVRectMatrix::ExtractRows(const Rows &, IQVRectMatrix &) const { return -1; }
-bool QVRectMatrix::ShiftColumns(int, IQVRectMatrix &) const { return false; }
-bool QVRectMatrix::ShiftRows(int, IQVRectMatrix &) const { return false; }
-bool QVRectMatrix::ComputeMatrixProduct(const IQVRectMatrix &, IQVRectMatrix &) const { return false; }
-bool QVRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix &, QVRectMatrix &) const { return false; }
-bool QVRectMatrix::ComputeRV(const Vector &, Vector &) const { return false; }
-bool QVRectMatrix::ComputeVR(const Vector &, Vector &) const { return false; }
-double QVRectMatrix::DotProductCol(int, int) const { return 0.0; }
-double QVRectMatrix::DotProductRows(int, int) const { return 0.0; }
-double QVRectMatrix::DotProductRowCol(int, const IQVRectMatrix &, int) const { return 0.0; }
-double QVRectMatrix::DotProductRowRow(int, const IQVRectMatrix &, int) const { return 0.0; }
 
 }  // namespace QVMath_940
