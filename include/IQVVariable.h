@@ -38,18 +38,25 @@ class QVCOMMON_API IQVVariable {
 
   virtual ~IQVVariable();
 
+  /// Continuous, frequency weight, or the level that a categorical variable was given.
   virtual MeasureLevel GetMeasureLevel() const = 0;
 
+  /// The name in the data.
   virtual std::string GetVariableName() const = 0;
+
+  /// The label for people.
   virtual std::string GetVariableLabel() const = 0;
   virtual void SetVariableLabel(std::string const & label) = 0;
 
   /// Categories of a categorical variable, bins of a continuous one, 0 for the weight.
   virtual int GetNumberOfCategories() const = 0;
 
+  /// What the variable does in the model. Where it stands in a `QVVarList`, set the role through the
+  /// list, which keeps the indexes of target, responses and weight.
   virtual VariableRole GetVariableRole() const = 0;
   virtual void SetVariableRole(VariableRole role) = 0;
 
+  /// How the values are held in the data.
   virtual VariableStorage GetVariableStorage() const = 0;
   virtual void SetVariableStorage(VariableStorage storage) = 0;
 

@@ -47,6 +47,7 @@ class QVCOMMON_API QVContVar : public IQVVariable {
   QVContVar(QVContVar &&) noexcept;
   QVContVar & operator=(QVContVar &&) noexcept;
 
+  /// Figures that the caller found in the data. `GetVarStatus` reads the minimum and the maximum.
   void SetMean(double mean);
   double GetMean() const;
   void SetStdDev(double stdDev);
@@ -62,6 +63,7 @@ class QVCOMMON_API QVContVar : public IQVVariable {
   /// The cut points given to the constructor; they stay the variable's.
   std::vector<double> const & GetCutPoints() const;
 
+  /// What a scorer does with values outside the range.
   void SetOutlierHandleMethod(OutlierHandleMethod method);
   OutlierHandleMethod GetOutlierHandleMethod() const;
 

@@ -113,6 +113,7 @@ class QVCOMMON_API QVVarList {
 
   // --- Looking up -------------------------------------------------------------------------------
 
+  /// Number of variables.
   int Size() const;
 
   /// The variable at an index; null outside the list.
@@ -133,6 +134,7 @@ class QVCOMMON_API QVVarList {
   /// The role of the variable at an index; undefined (0) outside the list.
   VariableRole GetVariableRole(int index) const;
 
+  /// Index of the target, of the first response variable and of the weight; -1 with none.
   int GetTargetIndex() const;
   int GetTargetRespIndex() const;
   int GetFreqWeightIndex() const;
