@@ -51,8 +51,8 @@ class QVCOMMON_API IQVVariable {
   /// Categories of a categorical variable, bins of a continuous one, 0 for the weight.
   virtual int GetNumberOfCategories() const = 0;
 
-  /// What the variable does in the model. Where it stands in a `QVVarList`, set the role through the
-  /// list, which keeps the indexes of target, responses and weight.
+  /// What the variable does in the model. Where it stands in a `QVVarList`, set the role through
+  /// the list, which keeps the indexes of target, responses and weight.
   virtual VariableRole GetVariableRole() const = 0;
   virtual void SetVariableRole(VariableRole role) = 0;
 

@@ -53,8 +53,8 @@ class QVCOMMON_API QVUniStats {
   ///   are not missing.
   bool IsValid() const;
 
-  /// What the object holds. Frequencies are those of the categories, or of the intervals between the
-  /// cut points.
+  /// What the object holds. Frequencies are those of the categories, or of the intervals between
+  /// the cut points.
   bool IsCategorical() const;
   const std::string & GetVarName() const;
   double GetNumberOfCases() const;

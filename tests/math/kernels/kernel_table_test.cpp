@@ -14,7 +14,9 @@
 namespace QVMath_940::kernels {
 
 // A path is named in reports, not shown as an address, which changes from run to run.
-void PrintTo(const KernelTable * path, std::ostream * out) { *out << path->name; }
+void PrintTo(const KernelTable * path, std::ostream * out) {
+  *out << path->name;
+}
 
 }  // namespace QVMath_940::kernels
 
