@@ -317,13 +317,14 @@ class QVCOMMON_API Linpack {
 
   /// The singular value decomposition of the n x p matrix x, X = U S V-transpose; x is destroyed.
   ///
-  /// `s` (min(n + 1, p) places) returns the singular values, largest first; `e` (p places) is zero
-  /// on success. `job` has two decimal digits: tens 0, no left vectors; 1, all n in u (n x n); 2 or
-  /// more, the first min(n, p) in u (n x min(n, p)). Ones 0, no right vectors; otherwise in v (p x
-  /// p). u may be x when n <= p or the tens are 2 or more; v may be x when p <= n. `work` has n
-  /// places. Result: 0; otherwise the singular values behind that position, s[info] on, and their
-  /// vectors are right, and U-transpose X V is the bidiagonal matrix with s on its diagonal and e
-  /// above it.
+  /// `s` (min(n + 1, p) places) returns the singular values, largest first, with a zero behind them
+  /// when n < p; `e` has p places, of which the first min(n + 1, p) are zero on success. `job` has
+  /// two decimal digits: tens 0, no left vectors; 1, all n in u (n x n); 2 or more, the first
+  /// min(n, p) in u (n x min(n, p)). Ones 0, no right vectors; otherwise in v (p x p). u may be x
+  /// when n <= p or the tens are 2 or more; v may be x when p <= n. `work` has n places.
+  ///
+  /// Result: 0; otherwise the singular values behind that position, s[info] on, and their vectors
+  /// are right, and U-transpose X V is the bidiagonal matrix with s on its diagonal and e above it.
   static int Dsvdc(double * x, int ldx, int n, int p, double * s, double * e, double * u, int ldu,
                    double * v, int ldv, double * work, int job);
 };
