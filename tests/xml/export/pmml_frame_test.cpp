@@ -3,7 +3,6 @@
 #include <ctime>
 #include <limits>
 #include <memory>
-#include <regex>
 #include <string>
 #include <type_traits>
 
@@ -43,8 +42,8 @@ TEST(ExportPMMLElement, TheOlderNameYieldsTheSameVersion) {
 }
 
 TEST(ExportHeader, WithoutInformationHoldsTheCopyrightNoticeOnly) {
-  EXPECT_TRUE(
-      std::regex_match(HeaderText(nullptr, ""), std::regex("<Header copyright=\"[^\"]+\"/>")));
+  EXPECT_EQ(HeaderText(nullptr, ""),
+            "<Header copyright=\"Copyright (c) the owners of qvcommon940r\"/>");
 }
 
 TEST(ExportHeader, EmptyTextsCountAsNoInformation) {
