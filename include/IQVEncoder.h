@@ -12,20 +12,19 @@
 ///
 /// Each concrete class fills every operation; one that does not apply to it has a fixed answer:
 ///
-/// | Operation                        | QVCatNumEncoder | QVStringEncoder | QVContEncoder  |
-/// QVRoundEncoder |
-/// |----------------------------------|-----------------|-----------------|----------------|----------------|
-/// | GetNumberOfCategories            | categories seen | categories seen | number of bins | 0 | |
-/// Encode, EncodeConst of a string  | -1              | the code        | missing        | missing
-/// | | Encode, EncodeConst of a number  | the code        | -1              | the number     | the
-/// weight     | | IsMissing of a string            | true            | tested          | true |
-/// true           | | IsMissing of a number            | tested          | true            | tested
-/// | tested         | | Decode                           | number text     | the string      |
-/// empty          | empty          | | DecodeNum                        | the number      | missing
-/// | missing        | missing        | | value labels                     | held            | held
-/// | ignored, null  | ignored, null  | | user-missing numbers, interval   | held            |
-/// refused, null   | held           | held           | | user-missing strings             |
-/// refused, null   | held            | refused, null  | refused, null  |
+/// | Operation            | QVCatNumEncoder | QVStringEncoder | QVContEncoder  | QVRoundEncoder |
+/// |----------------------|-----------------|-----------------|----------------|----------------|
+/// | number of categories | categories seen | categories seen | number of bins | 0              |
+/// | Encode of a string   | -1              | the code        | missing        | missing        |
+/// | Encode of a number   | the code        | -1              | the number     | the weight     |
+/// | IsMissing, a string  | true            | tested          | true           | true           |
+/// | IsMissing, a number  | tested          | true            | tested         | tested         |
+/// | Decode               | number text     | the string      | empty          | empty          |
+/// | DecodeNum            | the number      | missing         | missing        | missing        |
+/// | value labels         | held            | held            | ignored, null  | ignored, null  |
+/// | missing numbers      | held            | refused, null   | held           | held           |
+/// | missing strings      | refused, null   | held            | refused, null  | refused, null  |
+/// | missing interval     | held            | refused         | held           | held           |
 ///
 /// Failures are told in band: -1.0 by the category encoders, the missing value by the two that pass
 /// numbers on. Only reading throws, a pointer to a new `IOException`.

@@ -73,7 +73,8 @@ class QVCOMMON_API QVVarList {
 
   /// Categorical variables whose values are encoded in the order given: numeric values give level
   /// 2, strings level 3. The number of categories is the number of values. `sumFreqWts` are the
-  /// categories' sums of weights, `labels` their value labels.
+  /// categories' sums of weights, `labels` their value labels. Write the type of strings that you
+  /// list (`std::vector<std::string>{"f", "m"}`): two literals in braces alone are ambiguous.
   int AddCatVar(std::string const & name, std::string const & label,
                 std::vector<double> const & values, VariableRole role);
   int AddCatVar(std::string const & name, std::string const & label,
@@ -229,11 +230,12 @@ class QVCOMMON_API QVVarList {
   /// Takes an index out of the response list and lowers those above it, after the variable is gone:
   /// `index` may equal the size. False outside that range and for an empty list of variables, whose
   /// response list is emptied. The target-response index stays the first of the response list.
+  /// While that index is -1, as after reading a list without one, no entry is touched.
   bool RemoveResponseVariable(int index);
 
   /// Appends an index to the response list, unless it is there, or takes it out. The
-  /// target-response index is -1 for an empty list; one that was -1 becomes the first entry. Always
-  /// false.
+  /// target-response index is -1 for an empty list; one that was -1 becomes the first entry; any
+  /// other stays, also when its variable was taken out. Always false.
   bool ChangeVariableRole(bool add, int index);
 
  private:

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "common/virtual_slot.h"
+
 using QVMath_940::QVCancelInfo;
 
 namespace {
@@ -92,4 +94,21 @@ TEST(CancelInfo, AssignmentCopiesBothFields) {
   cancelled = QVCancelInfo();  // the one way out of the cancelled state
   EXPECT_FALSE(cancelled.IsCancel());
   EXPECT_TRUE(other.IsCancel());
+}
+
+TEST(CancelInfo, CopiesShareTheQueryAndRememberByThemselves) {
+  CountingQuery query;
+  QVCancelInfo cancel(&query);
+  QVCancelInfo copy(cancel);
+  query.answer = true;
+  EXPECT_TRUE(copy.IsCancel());
+  query.answer = false;
+  EXPECT_FALSE(cancel.IsCancel());
+  EXPECT_EQ(query.asked, 2);
+}
+
+TEST(QueryCancel, OrderOfTheVirtualOperations) {
+  using QVCommon_940::QVQueryCancel;
+  EXPECT_EQ(VirtualSlot(&QVQueryCancel::IsCancel), 2);
+  EXPECT_EQ(VirtualSlot(&QVQueryCancel::WillCancel), 3);
 }

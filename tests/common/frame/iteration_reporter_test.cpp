@@ -7,6 +7,7 @@
 
 #include "QVMV.h"
 #include "common/display/captured_display.h"
+#include "common/virtual_slot.h"
 
 using QVCommon_940::ProgressReport;
 using QVCommon_940::ProgressReportVect;
@@ -25,6 +26,15 @@ TEST(IterationReporter, IsAProgressReport) {
   EXPECT_TRUE((std::is_base_of_v<ProgressReportVect, QVIterationReporter>));
   EXPECT_TRUE(std::is_abstract_v<ProgressReportVect>);
   EXPECT_TRUE(std::has_virtual_destructor_v<ProgressReport>);
+}
+
+TEST(IterationReporter, OrderOfTheVirtualOperations) {
+  EXPECT_EQ(VirtualSlot(&ProgressReport::DiscreteMeasure), 2);
+  EXPECT_EQ(VirtualSlot(&ProgressReport::ScaleMeasure), 3);
+  EXPECT_EQ(VirtualSlot(&ProgressReportVect::VectorMeasure), 4);
+  EXPECT_EQ(VirtualSlot(&QVIterationReporter::VectorMeasure), 4);
+  EXPECT_EQ(VirtualSlot(&QVIterationReporter::Reset), 5);
+  EXPECT_EQ(VirtualSlot(&QVIterationReporter::Display), 6);
 }
 
 TEST(IterationReporter, DefaultIsZero) {

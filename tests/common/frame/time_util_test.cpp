@@ -41,6 +41,16 @@ TEST(TimeUtil, NothingIsAccumulatedAtFirst) {
   EXPECT_TRUE(std::has_virtual_destructor_v<QVTimeUtil>);
 }
 
+TEST(TimeUtil, ConstructionAndResetStartASpan) {
+  QVTimeUtil plain;
+  QVTimeUtil labelled("fit");
+  Burn(30);
+  EXPECT_GE(plain.Accumulate(), 29);
+  EXPECT_GE(labelled.Accumulate(), 29);
+  plain.Reset();
+  EXPECT_LT(plain.Accumulate(), 29);
+}
+
 TEST(TimeUtil, ReadsTheProcessorClockInMilliseconds) {
   QVTimeUtil watch;
   const auto clock = [] { return static_cast<int>(std::clock() / (CLOCKS_PER_SEC / 1000)); };

@@ -1,8 +1,6 @@
 #include "XMLElement.h"
 
 #include <cfloat>
-#include <cstddef>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <sstream>
@@ -14,6 +12,7 @@
 
 #include "XMLDocType.h"
 #include "XMLWrite.h"
+#include "common/virtual_slot.h"
 
 using namespace QVXML_940;
 
@@ -151,23 +150,14 @@ TEST(XMLElement, DeletesAttributesAndChildrenInOrder) {
   EXPECT_EQ(notes, (std::vector<std::string>{"first", "second"}));
 }
 
-// A pointer to a virtual member holds one more than the offset of its slot in the table.
-template <class Member>
-std::ptrdiff_t Slot(Member member) {
-  std::ptrdiff_t parts[2];
-  static_assert(sizeof parts == sizeof member);
-  std::memcpy(parts, &member, sizeof parts);
-  return (parts[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void *));
-}
-
 TEST(XMLElement, OrderOfTheVirtualOperations) {
-  // The destructor, which comes first, takes two slots.
-  EXPECT_EQ(Slot(&XMLInterface::ToString), 2);
-  EXPECT_EQ(Slot(&XMLInterface::ToStream), 3);
-  EXPECT_EQ(Slot(&XMLInterface::Clone), 4);
-  EXPECT_EQ(Slot(&XMLElement::Clone), 4);
-  EXPECT_EQ(Slot(static_cast<int (XMLElement::*)(XMLElement *)>(&XMLElement::AddElement)), 5);
-  EXPECT_EQ(Slot(static_cast<int (XMLElement::*)(XMLString *)>(&XMLElement::AddElement)), 6);
+  EXPECT_EQ(VirtualSlot(&XMLInterface::ToString), 2);
+  EXPECT_EQ(VirtualSlot(&XMLInterface::ToStream), 3);
+  EXPECT_EQ(VirtualSlot(&XMLInterface::Clone), 4);
+  EXPECT_EQ(VirtualSlot(&XMLElement::Clone), 4);
+  EXPECT_EQ(VirtualSlot(static_cast<int (XMLElement::*)(XMLElement *)>(&XMLElement::AddElement)),
+            5);
+  EXPECT_EQ(VirtualSlot(static_cast<int (XMLElement::*)(XMLString *)>(&XMLElement::AddElement)), 6);
 }
 
 // --- Writing ----------------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 #include "QVCatNumEncoder.h"
 #include "QVMV.h"
 #include "QVStringEncoder.h"
+#include "common/virtual_slot.h"
 #include "variable_test_tools.h"
 
 namespace {
@@ -65,6 +66,14 @@ TEST(CatNumEncoder, NaNIsNeverACategory) {
   EXPECT_EQ(encoder.EncodeConst(kNaN), -1.0);
   EXPECT_EQ(encoder.GetNumberOfCategories(), 3);
   EXPECT_FALSE(encoder.IsMissing(kNaN));
+}
+
+TEST(CatNumEncoder, TheInfinitiesAreCategories) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  QVCatNumEncoder encoder;
+  EXPECT_EQ(encoder.Encode(infinity), 0.0);
+  EXPECT_EQ(encoder.Encode(-infinity), 1.0);
+  EXPECT_EQ(encoder.EncodeConst(infinity), 0.0);
 }
 
 TEST(CatNumEncoder, StringsDoNotBelongHere) {
@@ -296,34 +305,33 @@ TEST(StringEncoder, Display) {
 
 // The order of the operations is part of the binary interface. The destructor fills two places.
 TEST(EncoderInterface, SlotOrder) {
-  using variable_test::Slot;
   using E = IQVEncoder;
   using S = std::string const &;
   int place = 2;
-  EXPECT_EQ(Slot(&E::GetEncoderType), place++);
-  EXPECT_EQ(Slot(&E::GetNumberOfCategories), place++);
-  EXPECT_EQ(Slot(static_cast<double (E::*)(S)>(&E::Encode)), place++);
-  EXPECT_EQ(Slot(static_cast<double (E::*)(double)>(&E::Encode)), place++);
-  EXPECT_EQ(Slot(static_cast<double (E::*)(S) const>(&E::EncodeConst)), place++);
-  EXPECT_EQ(Slot(static_cast<double (E::*)(double) const>(&E::EncodeConst)), place++);
-  EXPECT_EQ(Slot(static_cast<bool (E::*)(S) const>(&E::IsMissing)), place++);
-  EXPECT_EQ(Slot(static_cast<bool (E::*)(double) const>(&E::IsMissing)), place++);
-  EXPECT_EQ(Slot(&E::Decode), place++);
-  EXPECT_EQ(Slot(&E::DecodeNum), place++);
-  EXPECT_EQ(Slot(&E::Clone), place++);
-  EXPECT_EQ(Slot(&E::SetValueLabels), place++);
-  EXPECT_EQ(Slot(&E::SetValueLabel), place++);
-  EXPECT_EQ(Slot(static_cast<bool (E::*)(double, S)>(&E::AddDiscreteUserMissing)), place++);
-  EXPECT_EQ(Slot(static_cast<bool (E::*)(S, S)>(&E::AddDiscreteUserMissing)), place++);
-  EXPECT_EQ(Slot(&E::SetMissingInterval), place++);
-  EXPECT_EQ(Slot(&E::GetValueLabels), place++);
-  EXPECT_EQ(Slot(&E::GetDiscreteMissValues), place++);
-  EXPECT_EQ(Slot(&E::GetDiscreteMissValuesStr), place++);
-  EXPECT_EQ(Slot(&E::GetMissValueLabels), place++);
-  EXPECT_EQ(Slot(&E::GetMissingInterval), place++);
-  EXPECT_EQ(Slot(&E::WriteObjectXML), place++);
-  EXPECT_EQ(Slot(&E::ReadObjectXML), place++);
-  EXPECT_EQ(Slot(&E::Display), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetEncoderType), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetNumberOfCategories), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<double (E::*)(S)>(&E::Encode)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<double (E::*)(double)>(&E::Encode)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<double (E::*)(S) const>(&E::EncodeConst)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<double (E::*)(double) const>(&E::EncodeConst)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<bool (E::*)(S) const>(&E::IsMissing)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<bool (E::*)(double) const>(&E::IsMissing)), place++);
+  EXPECT_EQ(VirtualSlot(&E::Decode), place++);
+  EXPECT_EQ(VirtualSlot(&E::DecodeNum), place++);
+  EXPECT_EQ(VirtualSlot(&E::Clone), place++);
+  EXPECT_EQ(VirtualSlot(&E::SetValueLabels), place++);
+  EXPECT_EQ(VirtualSlot(&E::SetValueLabel), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<bool (E::*)(double, S)>(&E::AddDiscreteUserMissing)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<bool (E::*)(S, S)>(&E::AddDiscreteUserMissing)), place++);
+  EXPECT_EQ(VirtualSlot(&E::SetMissingInterval), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetValueLabels), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetDiscreteMissValues), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetDiscreteMissValuesStr), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetMissValueLabels), place++);
+  EXPECT_EQ(VirtualSlot(&E::GetMissingInterval), place++);
+  EXPECT_EQ(VirtualSlot(&E::WriteObjectXML), place++);
+  EXPECT_EQ(VirtualSlot(&E::ReadObjectXML), place++);
+  EXPECT_EQ(VirtualSlot(&E::Display), place++);
   EXPECT_EQ(place, 26);
 }
 

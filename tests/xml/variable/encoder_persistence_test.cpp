@@ -120,6 +120,15 @@ TEST(CatNumEncoderPersistence, CategoriesBeyondFifteenDigitsFallTogether) {
   EXPECT_EQ(again.DecodeNum(1), 2.0);
 }
 
+TEST(CatNumEncoderPersistence, AMissingCategoryInTheTextGetsNoCode) {
+  QVCatNumEncoder encoder(Numbers{5, 3});
+  QVCatNumEncoder again;
+  const std::string text = Changed(Write(encoder, 0).text, "", "\"5\"", "\"Missing\"");
+  EXPECT_EQ(Read(again, text), 8);  // the lines of the text, not of what it left
+  EXPECT_EQ(again.GetNumberOfCategories(), 1);
+  EXPECT_EQ(again.DecodeNum(0), 3.0);
+}
+
 TEST(CatNumEncoderPersistence, NumbersBeyondTheRangeReadAsTheLargest) {
   QVCatNumEncoder encoder(Numbers{std::numeric_limits<double>::max()});
   const std::string text = Write(encoder, 0).text;

@@ -189,6 +189,16 @@ TEST(RoundEncoder, NoWeightOfZeroOrBelow) {
   EXPECT_FALSE(encoder.IsMissing(kNaN));
 }
 
+TEST(RoundEncoder, NaNAndInfinityPassThroughEveryOption) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (int option : {0, 1, 2}) {
+    QVRoundEncoder encoder = Round(option);
+    EXPECT_TRUE(std::isnan(encoder.Encode(kNaN))) << option;
+    EXPECT_EQ(encoder.Encode(infinity), infinity) << option;
+    EXPECT_EQ(encoder.Encode(-infinity), kMissing) << option;
+  }
+}
+
 TEST(RoundEncoder, UserMissingIsTestedBeforeRounding) {
   QVRoundEncoder encoder = Round(1);
   encoder.AddDiscreteUserMissing(3, "");

@@ -172,6 +172,23 @@ TEST(VarListPersistence, WhatIsNotInTheFileStays) {
   EXPECT_EQ(list.SetWeightVar("w2", "", WRoundingAsIs), 4);
 }
 
+TEST(VarListPersistence, AKeptResponseListWithoutTheTargetResponseIndexIsLeftAlone) {
+  QVVarList list;
+  list.AddContVar("a", "", VariableRoleInput);
+  list.AddContVar("b", "", VariableRoleTargetResponse);
+  QVVarList other;
+  other.AddContVar("x", "", VariableRoleInput);
+  other.AddContVar("y", "", VariableRoleInput);
+  Read(list, Write(other, 0).text);
+  EXPECT_EQ(list.GetTargetRespIndex(), -1);
+  EXPECT_TRUE(list.RemoveVar(0));
+  EXPECT_EQ(list.GetMutipleResponseVariables(), (Indexes{1}));  // not lowered with the variables
+  EXPECT_EQ(list.GetTargetRespVariable(), nullptr);
+  EXPECT_EQ(list.GetNOutputCats(), 0);
+  EXPECT_TRUE(list.RemoveVar(0));
+  EXPECT_TRUE(list.GetMutipleResponseVariables().empty());
+}
+
 TEST(VarListPersistence, AFreshListHasNoWeightIndexAfterReading) {
   QVVarList list;
   Read(list, kText);

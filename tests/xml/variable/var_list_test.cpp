@@ -423,6 +423,27 @@ TEST(VarList, SetVariableRoleToTarget) {
   EXPECT_EQ(list.GetVariableRole(1), 6);
 }
 
+TEST(VarList, AnotherRoleForAnyVariableWithTheTargetRoleLeavesNoTarget) {
+  QVVarList list;
+  list.AddContVar("a", "", VariableRoleTarget);
+  list.AddContVar("b", "", VariableRoleInput);
+  list.SetVariableRole(1, VariableRoleTarget);
+  EXPECT_EQ(list.GetTargetIndex(), 0);
+  EXPECT_TRUE(list.SetVariableRole(1, VariableRoleInput));
+  EXPECT_EQ(list.GetTargetIndex(), -1);
+  EXPECT_EQ(list.GetVariableRole(0), 1);
+  EXPECT_TRUE(list.SetVariableRole(0, VariableRoleTarget));  // the way back
+  EXPECT_EQ(list.GetTargetIndex(), 0);
+}
+
+TEST(VarList, ANumberThatIsNoRoleIsKept) {
+  QVVarList list;
+  list.AddContVar("a", "", VariableRoleTarget);
+  EXPECT_TRUE(list.SetVariableRole(0, static_cast<VariableRole>(77)));
+  EXPECT_EQ(list.GetVariableRole(0), 77);
+  EXPECT_EQ(list.GetTargetIndex(), -1);
+}
+
 TEST(VarList, ATargetThatTurnsResponseStaysTheTarget) {
   QVVarList list;
   list.AddContVar("a", "", VariableRoleTarget);
@@ -466,6 +487,15 @@ TEST(VarList, ChangeVariableRole) {
   EXPECT_FALSE(list.ChangeVariableRole(false, 4));
   EXPECT_TRUE(list.GetMutipleResponseVariables().empty());
   EXPECT_EQ(list.GetTargetRespIndex(), -1);
+}
+
+TEST(VarList, TakingTheFirstResponseOutLeavesTheTargetResponseIndex) {
+  OpenList list;
+  list.ChangeVariableRole(true, 4);
+  list.ChangeVariableRole(true, 2);
+  EXPECT_FALSE(list.ChangeVariableRole(false, 4));
+  EXPECT_EQ(list.GetMutipleResponseVariables(), (Indexes{2}));
+  EXPECT_EQ(list.GetTargetRespIndex(), 4);  // only an empty list and -1 move it
 }
 
 TEST(VarList, AddResponseVariable) {

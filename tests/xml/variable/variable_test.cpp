@@ -13,6 +13,7 @@
 #include "QVStringEncoder.h"
 #include "QVWeightVar.h"
 #include "XMLElement.h"
+#include "common/virtual_slot.h"
 #include "variable_test_tools.h"
 
 namespace {
@@ -283,11 +284,14 @@ TEST(ContVar, Constructors) {
   ExpectContVar(QVContVar("x", "", 0, 10, role, true, 1), {0, 0, 10, 1, 1, false});
   ExpectContVar(QVContVar("x", "", 0, 10, role, false, 5), {0, 0, 10, 5, 1, false});
   ExpectContVar(QVContVar("x", "", 10, 10, role, true, 5), {0, 10, 10, 5, 1, false});
+  ExpectContVar(QVContVar("x", "", 11, 10, role, true, 5), {0, 11, 10, 5, 1, false});
+  ExpectContVar(QVContVar("x", "", 0, 10, role, true, -3), {0, 0, 10, -3, 1, false});
   ExpectContVar(QVContVar("x", "", cuts, true, role), {0, kMissing, kLargest, 3, 3, true});
   ExpectContVar(QVContVar("x", "", cuts, false, role), {0, kMissing, kLargest, 3, 1, false});
   ExpectContVar(QVContVar("x", "", Numbers(), true, role), {0, kMissing, kLargest, 1, 1, false});
   ExpectContVar(QVContVar("x", "", 0, 10, cuts, true, role), {0, 0, 10, 3, 3, true});
   ExpectContVar(QVContVar("x", "", 0, 10, cuts, false, role), {0, 0, 10, 3, 1, false});
+  ExpectContVar(QVContVar("x", "", 10, 10, cuts, true, role), {0, 10, 10, 3, 1, false});
   ExpectContVar(QVContVar("x", "", 10, 0, cuts, true, role), {0, 10, 0, 3, 1, false});
   ExpectContVar(QVContVar("x", "", 0, 10, Numbers(), true, role), {0, 0, 10, 1, 1, false});
 }
@@ -433,33 +437,33 @@ TEST(WeightVar, Display) {
 
 // The order of the operations is part of the binary interface. The destructor fills two places.
 TEST(VariableInterface, SlotOrder) {
-  using variable_test::Slot;
   using V = IQVVariable;
   int place = 2;
-  EXPECT_EQ(Slot(&V::GetMeasureLevel), place++);
-  EXPECT_EQ(Slot(&V::GetVariableName), place++);
-  EXPECT_EQ(Slot(&V::GetVariableLabel), place++);
-  EXPECT_EQ(Slot(&V::SetVariableLabel), place++);
-  EXPECT_EQ(Slot(&V::GetNumberOfCategories), place++);
-  EXPECT_EQ(Slot(&V::GetVariableRole), place++);
-  EXPECT_EQ(Slot(&V::SetVariableRole), place++);
-  EXPECT_EQ(Slot(&V::GetVariableStorage), place++);
-  EXPECT_EQ(Slot(&V::SetVariableStorage), place++);
-  EXPECT_EQ(Slot(&V::SetFieldFormatElement), place++);
-  EXPECT_EQ(Slot(static_cast<XMLElement * (V::*)()>(&V::GetFieldFormatElement)), place++);
-  EXPECT_EQ(Slot(static_cast<XMLElement * (V::*)() const>(&V::GetFieldFormatElement)), place++);
-  EXPECT_EQ(Slot(&V::UpdateNumberOfCategories), place++);
-  EXPECT_EQ(Slot(&V::SetMissingValueReplacement), place++);
-  EXPECT_EQ(Slot(&V::GetMissingValueReplacement), place++);
-  EXPECT_EQ(Slot(&V::Clone), place++);
-  EXPECT_EQ(Slot(static_cast<IQVEncoder * (V::*)()>(&V::GetEncoder)), place++);
-  EXPECT_EQ(Slot(static_cast<IQVEncoder * (V::*)() const>(&V::GetEncoder)), place++);
-  EXPECT_EQ(Slot(&V::GetVarStatus), place++);
-  EXPECT_EQ(Slot(&V::WriteObjectXML), place++);
-  EXPECT_EQ(Slot(&V::ReadObjectXML), place++);
-  EXPECT_EQ(Slot(&V::SetFlagVariable), place++);
-  EXPECT_EQ(Slot(&V::IsFlagVariable), place++);
-  EXPECT_EQ(Slot(&V::Display), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetMeasureLevel), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetVariableName), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetVariableLabel), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetVariableLabel), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetNumberOfCategories), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetVariableRole), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetVariableRole), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetVariableStorage), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetVariableStorage), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetFieldFormatElement), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<XMLElement * (V::*)()>(&V::GetFieldFormatElement)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<XMLElement * (V::*)() const>(&V::GetFieldFormatElement)),
+            place++);
+  EXPECT_EQ(VirtualSlot(&V::UpdateNumberOfCategories), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetMissingValueReplacement), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetMissingValueReplacement), place++);
+  EXPECT_EQ(VirtualSlot(&V::Clone), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<IQVEncoder * (V::*)()>(&V::GetEncoder)), place++);
+  EXPECT_EQ(VirtualSlot(static_cast<IQVEncoder * (V::*)() const>(&V::GetEncoder)), place++);
+  EXPECT_EQ(VirtualSlot(&V::GetVarStatus), place++);
+  EXPECT_EQ(VirtualSlot(&V::WriteObjectXML), place++);
+  EXPECT_EQ(VirtualSlot(&V::ReadObjectXML), place++);
+  EXPECT_EQ(VirtualSlot(&V::SetFlagVariable), place++);
+  EXPECT_EQ(VirtualSlot(&V::IsFlagVariable), place++);
+  EXPECT_EQ(VirtualSlot(&V::Display), place++);
   EXPECT_EQ(place, 26);
 }
 

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -155,16 +154,6 @@ inline std::string Changed(std::string text, std::string const & after, std::str
     return text;
   }
   return text.replace(place, from.size(), to);
-}
-
-// The place of a virtual operation in its class's table, the destructor's two places included. A
-// pointer to a virtual member holds 1 plus the offset in bytes.
-template <class Member>
-long Slot(Member member) {
-  std::ptrdiff_t word = 0;
-  static_assert(sizeof member >= sizeof word);
-  std::memcpy(&word, &member, sizeof word);
-  return (word - 1) / static_cast<long>(sizeof(void *));
 }
 
 }  // namespace variable_test
