@@ -52,7 +52,8 @@ QVCOMMON_API bool ParseStartXML(std::ifstream & in);
 /// when there is one.
 QVCOMMON_API bool ParseStartObj(std::ifstream & in, const std::string & name);
 
-/// Reads an "Int" or "Long" line. A text that is no number gives 0.
+/// Reads an "Int" or "Long" line. A text that is no number gives 0. Of a longer "Int" the low 32
+/// bits are kept; a "Long" stops at the ends of the machine's range.
 QVCOMMON_API bool ParseValue(std::ifstream & in, int & value);
 QVCOMMON_API bool ParseValue(std::ifstream & in, long & value);
 

@@ -159,6 +159,15 @@ TEST(ParseValueInt, NumberOrZero) {
   EXPECT_EQ(Parsed("<Int value=\"1e+09\"/>\n", 7), "true:1");
 }
 
+TEST(ParseValueInt, ALongerNumberKeepsItsLow32Bits) {
+  EXPECT_EQ(Parsed("<Int value=\"2147483648\"/>\n", 7), "true:-2147483648");
+  EXPECT_EQ(Parsed("<Int value=\"4294967297\"/>\n", 7), "true:1");
+  EXPECT_EQ(Parsed("<Int value=\"-4294967297\"/>\n", 7), "true:-1");
+  EXPECT_EQ(Parsed("<Long value=\"1e9\"/>\n", 7L), "true:1");
+  EXPECT_EQ(Parsed("<Long value=\"99999999999999999999\"/>\n", 7L),
+            "true:" + std::to_string(LONG_MAX));
+}
+
 TEST(ParseValueInt, ANumberOfTwoPartsIsItsFirst) {
   EXPECT_EQ(Parsed("<Int value=\"5 6\"/>\n", 7), "true:5");
 }
