@@ -2,6 +2,7 @@
 """Checks the Markdown pages of the project:
 
 - every relative link leads to a file that is there, and to a heading that is there when it names one;
+- every page of docs/ has a link in README.md;
 - a fenced block marked `cpp file=PATH` stands in that file as it stands in the page.
 """
 
@@ -59,6 +60,9 @@ def main():
         text = page.read_text(encoding="utf-8")
         faults += [f"{page.relative_to(ROOT)}: {fault}"
                    for fault in [*link_faults(page, text), *quote_faults(text)]]
+    readme = (ROOT / "README.md").read_text(encoding="utf-8")
+    faults += [f"README.md has no link to docs/{page.name}"
+               for page in sorted((ROOT / "docs").glob("*.md")) if f"(docs/{page.name}" not in readme]
     print("\n".join(faults) or f"{len(pages)} pages: every link and every quotation holds")
     return 1 if faults else 0
 
