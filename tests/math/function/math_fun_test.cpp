@@ -265,6 +265,7 @@ TEST(StridedVectors, WalksThatLeaveTheirVectorDoNothing) {
   QVMathFun::IIInit(3, 7.0, y, 0, 1);
   QVMathFun::IIScal(3, 7.0, y, 0, 1);
   QVMathFun::IIInit(3, 7.0, y, 1, -2);
+  QVMathFun::IIInit(6, 7.0, y, 1, -2);  // 1, -1, -2, -2, -1, 1: only its ends lie inside
   EXPECT_THAT(y, ElementsAre(1, 1, 1));
   EXPECT_EQ(QVMathFun::DDot(2147483647, x, 0, 2147483647, x, 0, 2147483647), 0.0);
   EXPECT_EQ(QVMathFun::IIDot(3, x, 0, 1, x, 0, 1), 0.0);

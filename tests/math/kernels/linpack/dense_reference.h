@@ -286,6 +286,23 @@ inline Matrix Hilbert(int n) {
   return a;
 }
 
+/// A unit upper triangle whose inverse grows like 2 to the power n when the right-hand side is well
+/// chosen: +1 and -1 above the diagonal, so that rows and columns change their signs at random.
+inline Matrix Growing(Source & source, int n) {
+  std::vector<double> left(Count(n));
+  std::vector<double> right(Count(n));
+  for (int i = 0; i < n; ++i) {
+    left[Count(i)] = source.Next() < 0.0 ? -1.0 : 1.0;
+    right[Count(i)] = source.Next() < 0.0 ? -1.0 : 1.0;
+  }
+  Matrix a(n, n);
+  for (int j = 0; j < n; ++j) {
+    for (int i = 0; i <= j; ++i)
+      a(i, j) = (i == j ? 1.0 : -1.0) * left[Count(i)] * right[Count(j)];
+  }
+  return a;
+}
+
 /// The upper triangle packed by columns.
 inline std::vector<double> PackUpper(const Matrix & a) {
   std::vector<double> packed;

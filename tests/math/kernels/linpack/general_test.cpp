@@ -124,6 +124,22 @@ TEST(LinpackGeneral, EstimateLiesAboveTheTrueReciprocalCondition) {
   }
 }
 
+TEST(LinpackGeneral, EstimateChoosesTheRightHandSideThatGrows) {
+  Source source(40);
+  for (const int n : {7, 15, 25}) {
+    for (int trial = 0; trial < 10; ++trial) {
+      Matrix a = Growing(source, n);
+      if (trial % 2 == 1) a = Transpose(a);
+      const double truth = TrueReciprocalCondition(a);
+      std::vector<int> ipvt(Count(n));
+      std::vector<double> z(Count(n));
+      const double estimate = Linpack::Dgeco(a.Data(), n, n, ipvt.data(), z.data());
+      EXPECT_GE(estimate, truth * (1.0 - 1e-6)) << n << ' ' << trial;
+      EXPECT_LE(estimate, truth * 4.0) << n << ' ' << trial;
+    }
+  }
+}
+
 TEST(LinpackGeneral, SingularMatricesTellTheZeroPivot) {
   Source source(5);
   for (const int n : {1, 2, 3, 7, 33}) {
@@ -196,6 +212,19 @@ TEST(LinpackGeneral, ALargeDeterminantKeepsItsExponentApart) {
     EXPECT_NEAR(std::log10(det[0]) + det[1], 4.0 * std::log10(std::fabs(size)), 1e-9);
     EXPECT_LT(det[0], 10.0);
     EXPECT_GE(det[0], 1.0 - 1e-9);
+  }
+}
+
+TEST(LinpackGeneral, DeterminantsAreNormalisedToOneDigit) {
+  const int ipvt[1] = {1};
+  double det[2];
+  const double values[][3] = {
+      {10.0, 1.0, 1.0}, {1.0, 1.0, 0.0}, {-100.0, -1.0, 2.0}, {0.125, 1.25, -1.0}, {9.5, 9.5, 0.0}};
+  for (const double * value : values) {
+    double a = value[0];
+    Linpack::Dgedi(&a, 1, 1, ipvt, det, nullptr, 10);
+    EXPECT_EQ(det[0], value[1]);
+    EXPECT_EQ(det[1], value[2]);
   }
 }
 

@@ -163,6 +163,43 @@ TEST(LinpackIndefinite, EstimateLiesAboveTheTrueReciprocalCondition) {
   }
 }
 
+TEST(LinpackIndefinite, EstimateHoldsForGrowingAndForTinyPivots) {
+  Source source(43);
+  for (const int n : {7, 11, 15}) {
+    for (int trial = 0; trial < 10; ++trial) {
+      const Matrix r = Growing(source, n);
+      Matrix d(n, n);
+      for (int i = 0; i < n; ++i)
+        d(i, i) = source.Next() < 0.0 ? -1.0 : 1.0;
+      if (trial >= 5) d(trial - 4, trial - 4) = 1e-6;
+      const Matrix a = FromUpper(Multiply(Transpose(r), Multiply(d, r)));
+      const double truth = TrueReciprocalCondition(a);
+      Matrix factor = a;
+      std::vector<int> kpvt(Count(n));
+      std::vector<double> z(Count(n));
+      const double estimate = Linpack::Dsico(factor.Data(), n, n, kpvt.data(), z.data());
+      EXPECT_GE(estimate, truth * (1.0 - 1e-4)) << n << ' ' << trial;
+      EXPECT_LE(estimate, truth * kEstimateFactor) << n << ' ' << trial;
+    }
+  }
+}
+
+TEST(LinpackIndefinite, ThePivotIsChosenByItsFourTests) {
+  // The last column has its largest element, 1, in row 1; the largest of that row is 10.
+  const double alpha = (1.0 + std::sqrt(17.0)) / 8.0;
+  const auto pivots = [](double first, double last) {
+    std::vector<double> ap = {first, 10.0, 0.0, 1.0, 0.0, last};
+    std::vector<int> kpvt(3);
+    Linpack::Dspfa(ap.data(), 3, kpvt.data());
+    return kpvt;
+  };
+  EXPECT_EQ(pivots(0.0, alpha)[2], 3);               // large enough by itself
+  EXPECT_EQ(pivots(8.0, 0.5)[2], 1);                 // the other diagonal is
+  EXPECT_EQ(pivots(0.0, 0.5)[2], 3);                 // large enough for so large a row
+  EXPECT_EQ(pivots(0.0, 0.9 * alpha * 0.1)[2], -1);  // none is: a block of order 2
+  EXPECT_EQ(pivots(0.0, 0.9 * alpha * 0.1)[1], -1);
+}
+
 TEST(LinpackIndefinite, SingularMatricesTellTheZeroBlock) {
   Source source(4);
   for (const int n : {1, 2, 3, 7, 33}) {

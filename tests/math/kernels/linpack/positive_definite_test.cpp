@@ -99,6 +99,21 @@ TEST(LinpackPositiveDefinite, EstimateLiesAboveTheTrueReciprocalCondition) {
   }
 }
 
+TEST(LinpackPositiveDefinite, EstimateChoosesTheRightHandSideThatGrows) {
+  Source source(42);
+  for (const int n : {7, 11, 15}) {
+    for (int trial = 0; trial < 10; ++trial) {
+      const Matrix r = Growing(source, n);
+      Matrix a = Multiply(Transpose(r), r);
+      const double truth = TrueReciprocalCondition(a);
+      std::vector<double> z(Count(n));
+      const double estimate = Linpack::Dpoco(a.Data(), n, n, z.data());
+      EXPECT_GE(estimate, truth * (1.0 - 1e-4)) << n << ' ' << trial;
+      EXPECT_LE(estimate, truth * 4.0) << n << ' ' << trial;
+    }
+  }
+}
+
 TEST(LinpackPositiveDefinite, TellsTheOrderOfTheFirstPartThatFails) {
   Source source(4);
   for (const int n : {1, 2, 3, 7, 33}) {

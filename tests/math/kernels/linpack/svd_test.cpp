@@ -73,7 +73,8 @@ TEST(LinpackSvd, ReassemblesTheMatrix) {
       EXPECT_LT(OrthogonalityResidual(svd.u), kThreshold) << n << ' ' << p << ' ' << job;
       EXPECT_LT(OrthogonalityResidual(svd.v), kThreshold) << n << ' ' << p << ' ' << job;
       EXPECT_LT(Distance(x, Reassemble(svd, p)), kThreshold) << n << ' ' << p << ' ' << job;
-      for (int j = 0; j < std::min(n + 1, p); ++j) EXPECT_EQ(svd.e[Count(j)], 0.0);
+      for (int j = 0; j < std::min(n + 1, p); ++j)
+        EXPECT_EQ(svd.e[Count(j)], 0.0);
       if (n < p) {
         EXPECT_LT(svd.s.back(), kThreshold * p * kEpsilon * svd.s[0]);
       }

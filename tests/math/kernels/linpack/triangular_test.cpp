@@ -132,6 +132,21 @@ TEST(LinpackTriangular, EstimateLiesAboveTheTrueReciprocalCondition) {
   }
 }
 
+TEST(LinpackTriangular, EstimateChoosesTheRightHandSideThatGrows) {
+  Source source(41);
+  for (const int n : {7, 15, 25}) {
+    for (int trial = 0; trial < 10; ++trial) {
+      const bool upper = trial % 2 == 0;
+      const Matrix t = upper ? Growing(source, n) : Transpose(Growing(source, n));
+      const double truth = TrueReciprocalCondition(t);
+      std::vector<double> z(Count(n));
+      const double estimate = Linpack::Dtrco(t.Data(), n, n, z.data(), upper ? 1 : 0);
+      EXPECT_GE(estimate, truth * (1.0 - 1e-6)) << n << ' ' << trial;
+      EXPECT_LE(estimate, truth * 4.0) << n << ' ' << trial;
+    }
+  }
+}
+
 TEST(LinpackTriangular, ConditionOfASingularTriangle) {
   Matrix t = Identity(4);
   double z[4];
