@@ -468,6 +468,27 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   bool LTCholDowndate(const std::vector<double> & x, std::vector<double> & c,
                       std::vector<double> & s, bool rescale);
 
+  /// Solves S x = b for an S that may be indefinite and singular: S itself by LINPACK's DSPCO and
+  /// DSPSL where its rows are independent, otherwise the rows and columns that are, with 0.0 in x
+  /// for the others. Which rows are independent is found twice on S-transpose S, of all rows and of
+  /// those found first, by `CholIndNonRed` with 2 tol. x takes size n and may be b.
+  ///
+  /// False, and x as it was, for n below 1, a negative tol, a b shorter than n, when no row is
+  /// independent, when the estimated reciprocal condition is not above 0.0 and when a pivot block
+  /// is exactly singular.
+  bool SolveIndefinite(double tol, const std::vector<double> & b, std::vector<double> & x) const;
+
+  /// The same with the given rows in place of the first search, and tolerance 0.0 in the second
+  /// one. False also for a set of fewer than n bits, or with no row.
+  bool SolveIndefinite(const QVBitSet & rows, const std::vector<double> & b,
+                       std::vector<double> & x) const;
+
+  /// Solves the normal equations S-transpose S x = S-transpose b by `LTSolve` with tol, which gives
+  /// a least-squares solution with 0.0 for the variables that drop out. True when one stays in.
+  /// False, and x as it was, for n below 1, a negative tol and a b shorter than n; also for tol
+  /// 0.0, which `LTSolve` does not take.
+  bool SolveIndefiniteGI(double tol, const std::vector<double> & b, std::vector<double> & x) const;
+
   /// Makes the matrix positive definite: adds the smallest shift (to within tol, by bisection) that
   /// lets it factor without deficiency, then one hundredth of its largest diagonal element, and
   /// divides all by shift + largest original diagonal element. `changed` tells whether this was
@@ -573,6 +594,8 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
   bool AreCholeskyArguments(const std::vector<double> & ref, double tol) const;
   void GetSmallestDiagonal(double & minDiag) const;
+  bool SolveIndependentRows(const std::vector<int> & rows, double tol,
+                            const std::vector<double> & b, std::vector<double> & x) const;
   int InvertByCholesky(const std::vector<double> & ref, double tol, IQVSymMatrix & out,
                        QVBitSet * accepted, double * minDiag) const;
   void SweepInOrder(const PivotList & list, QVBitSet & swept, LogPivots * logPivots);

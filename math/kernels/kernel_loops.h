@@ -6,11 +6,12 @@
 ///
 /// `Lanes` gives: `Vector`, `kWidth`, `Load`, `LoadPart(p, n)`, `Store`, `StorePart(p, n, v)`,
 /// `Spread(double)`, `Fma(a, b, c)`, `MulAdd(a, b, c)` (two roundings), `Mul(a, b)`,
-/// `Sub`, `Div`, `Root(double)`, `AllAbove(v, bound, n)` for the first n lanes,
-/// `ScalarFma(a, b, c)`, `LoadColumns(rows, j, n, columns)`, which gives column j + c of kWidth
-/// rows in columns[c] for c below n (the others hold zeros), `FmaFirst(n, a, b, c)` and
-/// `FmaBehind(n, a, b, c)`, which leave c in the lanes behind the first n, or in these, and the
-/// register block `kBlockRows` x `kBlockVectors` of a tile.
+/// `MulSub(a, b, c)` (a b - c, one rounding), `Sub`, `Div`, `Root(double)`, `AllAbove(v, bound, n)`
+/// for the first n lanes, `ScalarFma(a, b, c)`, `LoadColumns(rows, j, n, columns)`, which gives
+/// column j + c of kWidth rows in columns[c] for c below n (the others hold zeros),
+/// `StoreColumns(rows, j, columns)`, which takes kWidth of them back, `FmaFirst(n, a,
+/// b, c)` and `FmaBehind(n, a, b, c)`, which leave c in the lanes behind the first n, or in these,
+/// and the register block `kBlockRows` x `kBlockVectors` of a tile.
 #pragma once
 
 #include "math/kernels/kernel_table.h"
@@ -245,6 +246,79 @@ void MultiplyBackward(int rows, int width, double * const * row, double * tile, 
 /// The last full vector overlaps the one before it where n is no multiple of the width; it is made
 /// from the old values, so that no element is changed twice. A masked store instead would hold up
 /// the loads of the next row of a packed triangle, which begins where this one ends.
+/// One rotation of l and x; `kBack` takes its inverse.
+template <bool kBack>
+struct Rotation {
+  template <typename Lanes>
+  static void Turn(typename Lanes::Vector c, typename Lanes::Vector s, typename Lanes::Vector & l,
+                   typename Lanes::Vector & x) {
+    const typename Lanes::Vector sx = Lanes::Mul(s, x);
+    const typename Lanes::Vector sl = Lanes::Mul(s, l);
+    l = kBack ? Lanes::MulSub(c, l, sx) : Lanes::Fma(c, l, sx);
+    x = kBack ? Lanes::Fma(c, x, sl) : Lanes::MulSub(c, x, sl);
+  }
+};
+
+/// The rotations of columns `from` .. `to` - 1, row by row: what is left of the full blocks.
+template <typename Lanes, bool kBack>
+inline void RotateEachRow(int rows, int from, int to, const double * c, const double * s,
+                          double * const * row, double * x) {
+  for (int r = 0; r < rows; ++r) {
+    double xr = x[r];
+    for (int k = from; k < to; ++k) {
+      const int j = kBack ? from + to - 1 - k : k;
+      const double l = row[r][j];
+      const double sx = s[j] * xr;
+      const double sl = s[j] * l;
+      row[r][j] = Lanes::ScalarFma(c[j], l, kBack ? -sx : sx);
+      xr = Lanes::ScalarFma(c[j], xr, kBack ? sl : -sl);
+    }
+    x[r] = xr;
+  }
+}
+
+/// A block of kWidth columns lies in registers as its columns, a lane for each row, so that the
+/// chains of kWidth rows run side by side.
+template <typename Lanes, bool kBack>
+void RotateRows(int rows, int count, const double * c, const double * s, double * const * row,
+                double * x) {
+  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  const int blocksEnd = count / kWidth * kWidth;
+  if (kBack) {
+    RotateEachRow<Lanes, kBack>(rows, blocksEnd, count, c, s, row, x);
+  }
+  for (int first = 0; first < rows && blocksEnd > 0; first += kWidth) {
+    // Lanes without a row of their own repeat the last one, with the same result.
+    double * group[kWidth];
+    double xGroup[kWidth];
+    for (int lane = 0; lane < kWidth; ++lane) {
+      const int r = first + lane < rows ? first + lane : rows - 1;
+      group[lane] = row[r];
+      xGroup[lane] = x[r];
+    }
+    typename Lanes::Vector xs = Lanes::Load(xGroup);
+    for (int k = 0; k < blocksEnd; k += kWidth) {
+      const int j = kBack ? blocksEnd - kWidth - k : k;
+      typename Lanes::Vector columns[kWidth];
+      Lanes::LoadColumns(group, static_cast<std::size_t>(j), Lanes::kWidth, columns);
+#pragma GCC unroll 8
+      for (int q = 0; q < kWidth; ++q) {
+        const int m = kBack ? kWidth - 1 - q : q;
+        Rotation<kBack>::template Turn<Lanes>(Lanes::Spread(c[j + m]), Lanes::Spread(s[j + m]),
+                                              columns[m], xs);
+      }
+      Lanes::StoreColumns(group, static_cast<std::size_t>(j), columns);
+    }
+    Lanes::Store(xGroup, xs);
+    for (int lane = 0; lane < kWidth && first + lane < rows; ++lane) {
+      x[first + lane] = xGroup[lane];
+    }
+  }
+  if (!kBack) {
+    RotateEachRow<Lanes, kBack>(rows, blocksEnd, count, c, s, row, x);
+  }
+}
+
 template <typename Lanes, Rounding kRounding>
 inline void Axpy(std::size_t n, double a, const double * x, double * y) {
   const typename Lanes::Vector factor = Lanes::Spread(a);
@@ -682,6 +756,8 @@ constexpr KernelTable MakeTable(const char * name) {
           SolveForward<Lanes>,
           FactorBlock<Lanes>,
           MultiplyBackward<Lanes>,
+          RotateRows<Lanes, false>,
+          RotateRows<Lanes, true>,
           Axpy<Lanes, Rounding::Fused>,
           Axpy<Lanes, Rounding::Plain>,
           Combine<Lanes>,

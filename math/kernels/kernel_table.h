@@ -77,6 +77,17 @@ struct KernelTable {
   void (*multiplyBackwardFused)(int rows, int width, double * const * row, double * tile,
                                 const double * d, const double * factor);
 
+  /// Plane rotations along `rows` rows, at most kTileRows, each with its own x[r]. For j = 0 ..
+  /// count - 1 in this order, with l = row[r][j]: row[r][j] = c[j] * l + s[j] * x, and x becomes
+  /// c[j] * x - s[j] * l; the first product of each is fused to the sum, the second rounded.
+  void (*rotateRowsFused)(int rows, int count, const double * c, const double * s,
+                          double * const * row, double * x);
+
+  /// The inverse rotations, for j = count - 1 .. 0: row[r][j] = c[j] * l - s[j] * x, and x becomes
+  /// c[j] * x + s[j] * l.
+  void (*rotateRowsBackFused)(int rows, int count, const double * c, const double * s,
+                              double * const * row, double * x);
+
   /// y[j] += a * x[j], j below n.
   void (*axpyFused)(std::size_t n, double a, const double * x, double * y);
   void (*axpyPlain)(std::size_t n, double a, const double * x, double * y);

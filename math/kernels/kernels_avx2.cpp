@@ -33,6 +33,7 @@ struct Avx2Lanes {
   static Vector FmaBehind(std::size_t n, Vector a, Vector b, Vector c) {
     return _mm256_blendv_pd(Fma(a, b, c), c, _mm256_castsi256_pd(First(n)));
   }
+  static Vector MulSub(Vector a, Vector b, Vector c) { return _mm256_fmsub_pd(a, b, c); }
   static Vector Mul(Vector a, Vector b) { return _mm256_mul_pd(a, b); }
   static Vector MulAdd(Vector a, Vector b, Vector c) {
     return _mm256_add_pd(c, _mm256_mul_pd(a, b));
@@ -67,6 +68,15 @@ struct Avx2Lanes {
     columns[1] = _mm256_unpackhi_pd(left[0], left[1]);
     columns[2] = _mm256_unpacklo_pd(right[0], right[1]);
     columns[3] = _mm256_unpackhi_pd(right[0], right[1]);
+  }
+  static void StoreColumns(double * const * rows, std::size_t j, const Vector * columns) {
+    for (int c = 0; c < 4; c += 2) {
+      const std::size_t place = j + static_cast<std::size_t>(c);
+      _mm256_storeu2_m128d(rows[2] + place, rows[0] + place,
+                           _mm256_unpacklo_pd(columns[c], columns[c + 1]));
+      _mm256_storeu2_m128d(rows[3] + place, rows[1] + place,
+                           _mm256_unpackhi_pd(columns[c], columns[c + 1]));
+    }
   }
   static double ScalarFma(double a, double b, double c) { return __builtin_fma(a, b, c); }
 };

@@ -30,6 +30,7 @@ struct Avx512Lanes {
   static Vector FmaBehind(std::size_t n, Vector a, Vector b, Vector c) {
     return _mm512_mask3_fmadd_pd(a, b, c, static_cast<__mmask8>(~First(n)));
   }
+  static Vector MulSub(Vector a, Vector b, Vector c) { return _mm512_fmsub_pd(a, b, c); }
   static Vector Mul(Vector a, Vector b) { return _mm512_mul_pd(a, b); }
   static Vector MulAdd(Vector a, Vector b, Vector c) {
     return _mm512_add_pd(c, _mm512_mul_pd(a, b));
@@ -76,6 +77,30 @@ struct Avx512Lanes {
       c[1] = __builtin_shufflevector(odd01, odd23, 0, 1, 8, 9, 4, 5, 12, 13);
       c[2] = __builtin_shufflevector(even01, even23, 2, 3, 10, 11, 6, 7, 14, 15);
       c[3] = __builtin_shufflevector(odd01, odd23, 2, 3, 10, 11, 6, 7, 14, 15);
+    }
+  }
+  static void StoreHalves(double * upper, double * lower, Vector v) {
+    _mm256_storeu_pd(upper, __builtin_shufflevector(v, v, 0, 1, 2, 3));
+    _mm256_storeu_pd(lower, __builtin_shufflevector(v, v, 4, 5, 6, 7));
+  }
+  static void StoreColumns(double * const * rows, std::size_t j, const Vector * columns) {
+#pragma GCC unroll 2
+    for (int h = 0; h < 2; ++h) {
+      const Vector * const c = columns + 4 * h;
+      const std::size_t place = j + static_cast<std::size_t>(4 * h);
+      // Columns 0 and 1, and 2 and 3, of the rows 0, 2, 4, 6 and of the rows 1, 3, 5, 7.
+      const Vector even01 = __builtin_shufflevector(c[0], c[1], 0, 8, 2, 10, 4, 12, 6, 14);
+      const Vector odd01 = __builtin_shufflevector(c[0], c[1], 1, 9, 3, 11, 5, 13, 7, 15);
+      const Vector even23 = __builtin_shufflevector(c[2], c[3], 0, 8, 2, 10, 4, 12, 6, 14);
+      const Vector odd23 = __builtin_shufflevector(c[2], c[3], 1, 9, 3, 11, 5, 13, 7, 15);
+      StoreHalves(rows[0] + place, rows[4] + place,
+                  __builtin_shufflevector(even01, even23, 0, 1, 8, 9, 4, 5, 12, 13));
+      StoreHalves(rows[1] + place, rows[5] + place,
+                  __builtin_shufflevector(odd01, odd23, 0, 1, 8, 9, 4, 5, 12, 13));
+      StoreHalves(rows[2] + place, rows[6] + place,
+                  __builtin_shufflevector(even01, even23, 2, 3, 10, 11, 6, 7, 14, 15));
+      StoreHalves(rows[3] + place, rows[7] + place,
+                  __builtin_shufflevector(odd01, odd23, 2, 3, 10, 11, 6, 7, 14, 15));
     }
   }
   static double ScalarFma(double a, double b, double c) {

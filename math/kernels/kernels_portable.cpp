@@ -26,6 +26,7 @@ struct PortableLanes {
   static Vector FmaBehind(std::size_t n, Vector a, Vector b, Vector c) {
     return n > 0 ? c : std::fma(a, b, c);
   }
+  static Vector MulSub(Vector a, Vector b, Vector c) { return std::fma(a, b, -c); }
   static Vector Mul(Vector a, Vector b) { return a * b; }
   static Vector MulAdd(Vector a, Vector b, Vector c) { return c + a * b; }
   static Vector Sub(Vector a, Vector b) { return a - b; }
@@ -35,6 +36,9 @@ struct PortableLanes {
   static void LoadColumns(const double * const * rows, std::size_t j, std::size_t,
                           Vector * columns) {
     columns[0] = rows[0][j];
+  }
+  static void StoreColumns(double * const * rows, std::size_t j, const Vector * columns) {
+    rows[0][j] = columns[0];
   }
   static double ScalarFma(double a, double b, double c) { return std::fma(a, b, c); }
 };

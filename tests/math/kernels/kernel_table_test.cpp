@@ -402,6 +402,43 @@ TEST_P(KernelTest, SweptDiagonalsAboveFindsOneFailureAnywhere) {
   }
 }
 
+TEST_P(KernelTest, RotationsRunAlongEachRow) {
+  for (const std::size_t n : kLengths) {
+    for (int rows = 1; rows <= kTileRows; ++rows) {
+      for (const bool back : {false, true}) {
+        auto c = Random(n + 1);
+        auto s = c;
+        for (std::size_t j = 0; j <= n; ++j) {
+          s[j] = std::sin(c[j]);
+          c[j] = std::cos(c[j]);
+        }
+        auto elements = Random(static_cast<std::size_t>(rows) * (n + 3));
+        auto x = Random(kTileRows);
+        auto wanted = elements;
+        auto wantedX = x;
+        double * row[kTileRows];
+        for (int r = 0; r < rows; ++r) {
+          const std::size_t start = static_cast<std::size_t>(r) * (n + 3) + 1;
+          row[r] = elements.data() + start;
+          double & xr = wantedX[static_cast<std::size_t>(r)];
+          for (std::size_t k = 0; k < n; ++k) {
+            const std::size_t j = back ? n - 1 - k : k;
+            double & l = wanted[start + j];
+            const double turned =
+                back ? std::fma(c[j], l, -(s[j] * xr)) : std::fma(c[j], l, s[j] * xr);
+            xr = back ? std::fma(c[j], xr, s[j] * l) : std::fma(c[j], xr, -(s[j] * l));
+            l = turned;
+          }
+        }
+        (back ? GetParam()->rotateRowsBackFused : GetParam()->rotateRowsFused)(
+            rows, static_cast<int>(n), c.data(), s.data(), row, x.data());
+        ExpectSameBits(wanted, elements);
+        ExpectSameBits(wantedX, x);
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryPath, KernelTest, ::testing::ValuesIn(AvailableKernels()),
                          [](const auto & path) { return std::string(path.param->name); });
 
