@@ -53,6 +53,9 @@ class QVCOMMON_API QVNumValue : public IQVSettingValue {
   /// Doubles are equal when they differ by less than 2.22045e-16 of the larger; a value that is not
   /// set equals only another one. Numbers of different kinds compare by their `int` forms.
   bool operator==(const IQVSettingValue & other) const override;
+  bool operator==(const QVNumValue & other) const {
+    return *this == static_cast<const IQVSettingValue &>(other);
+  }
 
   /// Without tolerance.
   bool operator<(const IQVSettingValue & other) const override;

@@ -26,6 +26,9 @@ class QVCOMMON_API QVSettingListValue : public IQVSettingValue {
 
   /// As the bags compare; false for a value that holds no bag.
   bool operator==(const IQVSettingValue & other) const override;
+  bool operator==(const QVSettingListValue & other) const {
+    return *this == static_cast<const IQVSettingValue &>(other);
+  }
   bool operator<(const IQVSettingValue & other) const override;
 
   /// The lowest integers, the smallest normal double, an empty text, true.

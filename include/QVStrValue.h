@@ -27,6 +27,9 @@ class QVCOMMON_API QVStrValue : public IQVSettingValue {
 
   /// By bytes; false for a value that is no text.
   bool operator==(const IQVSettingValue & other) const override;
+  bool operator==(const QVStrValue & other) const {
+    return *this == static_cast<const IQVSettingValue &>(other);
+  }
   bool operator<(const IQVSettingValue & other) const override;
 
   /// The number at the front of the text; beyond the range the nearest integer.

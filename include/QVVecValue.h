@@ -29,6 +29,9 @@ class QVCOMMON_API QVVecValue : public IQVSettingValue {
   /// Element by element, a shorter prefix being less; false for any other kind of value, a vector
   /// of other elements included.
   bool operator==(const IQVSettingValue & other) const override;
+  bool operator==(const QVVecValue & other) const {
+    return *this == static_cast<const IQVSettingValue &>(other);
+  }
   bool operator<(const IQVSettingValue & other) const override;
 
   /// The number of elements.
