@@ -39,6 +39,7 @@
 
 namespace QVMath_940 {
 
+class QVRectMatrix;
 struct LogPivots;
 struct PivotList;
 
@@ -504,59 +505,379 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   int CheckMDependent(int m, const std::vector<double> & packed, const QVBitSet & rows, double tol);
 
   // === Products with vectors ====================================================================
+  // S is this matrix; L is this matrix read as a factor: its lower triangle alone. Every sum runs
+  // in ascending order of its index from 0.0 (a sparse form: in the order of its list). Below order
+  // 64 each product and each sum is rounded by itself, from order 64 on each addition is fused
+  // (std::fma), on every CPU and in every form alike; the order of this matrix decides.
+  //
+  // In all products: a vector must have exactly the size told; a target takes the shape of the
+  // result and may be an operand, or this matrix. Refusals leave the targets as they were: false
+  // for bool, 0.0 for double. A sparse vector is given as rows and values of the same number: v[p]
+  // stands at row rows[p], all else is 0.0 and takes no part; a row out of range is refused.
 
+  /// out = S v; v has n elements.
   bool ComputeSV(const std::vector<double> & v, std::vector<double> & out) const override;
+
+  /// out[0 .. k - 1] = (the leading k x k block of S) times the first k elements of v. out grows to
+  /// k elements and is not shrunk. False for k outside 0 .. n and for a v shorter than k.
   bool ComputeSV(int k, const std::vector<double> & v, std::vector<double> & out) const override;
+
+  /// out = S v for a sparse v.
+  bool ComputeSV(const std::vector<int> & rows, const std::vector<double> & v,
+                 std::vector<double> & out) const;
+
+  /// out = L v; v has n elements.
   bool ComputeLV(const std::vector<double> & v, std::vector<double> & out) const override;
+
+  /// out = L v for a sparse v.
   bool ComputeLV(const std::vector<int> & rows, const std::vector<double> & v,
                  std::vector<double> & out) const override;
+
+  /// out = L-transpose v; v has n elements.
   bool ComputeLTransV(const std::vector<double> & v, std::vector<double> & out) const override;
+
+  /// out = L-transpose v for a sparse v.
   bool ComputeLTransV(const std::vector<int> & rows, const std::vector<double> & v,
                       std::vector<double> & out) const override;
+
+  /// The symmetric row i by v[0], v[stride], v[2 stride] ... (n values); 0.0 for a bad i or a null
+  /// v.
   double ComputeRVD(int i, const double * v, int stride) const override;
+
+  /// The same; 0.0 also for a negative stride and a v that ends before the n values.
   double ComputeRVD(int i, const std::vector<double> & v, int stride) const override;
 
-  // === Quadratic forms ==========================================================================
+  /// The symmetric row i by `count` entries of a sparse vector; 0.0 for a bad i or a bad row.
+  double ComputeRVD(int i, const int * rows, const double * v, int count) const;
 
+  // === Quadratic forms ==========================================================================
+  // Each is the sum over i of w_i times the inner sum over j of S_ij v_j. 0.0 for bad arguments and
+  // for an empty matrix.
+
+  /// v-transpose S v; v has n elements.
   double ComputeVSV(const std::vector<double> & v) const override;
+
+  /// The same with row k of r, which has n columns, as v.
   double ComputeVSV(const IQVRectMatrix & r, int k) const override;
+
+  /// The same for a sparse v.
+  double ComputeVSV(const std::vector<int> & rows, const std::vector<double> & v) const;
+
+  /// v-transpose S w; both have n elements.
   double ComputeVSW(const std::vector<double> & v, const std::vector<double> & w) const override;
+
+  /// The same on n values each, strideV and strideW apart.
   double ComputeVSW(const double * v, int strideV, const double * w, int strideW) const override;
+
+  /// Element (r, c) of S V S over the leading order m, V being the symmetric matrix packed in v:
+  /// the sum over i of S_ic times the inner sum over k of S_rk V_ik. 0.0 for m outside 1 .. n, for
+  /// r or c outside 0 .. m - 1 and for a v shorter than m(m+1)/2.
   double ComputeVSW(const std::vector<double> & v, int m, int r, int c) const override;
+
+  /// v-transpose S w for two sparse vectors.
+  double ComputeSpVSSpW(const std::vector<int> & rowsV, const std::vector<double> & v,
+                        const std::vector<int> & rowsW, const std::vector<double> & w) const;
+
+  /// v-transpose S w with one of the vectors down a column of a packed triangle: its first step is
+  /// the stride, and each later step is longer by 1. `ii` stands behind that vector.
+  double ComputeViiSW(const double * v, int strideV, const double * w, int strideW) const;
+  double ComputeVSWii(const double * v, int strideV, const double * w, int strideW) const;
+
+  /// The sum over i below nw and j below nv of w_i S_ij v_j: the leading rectangle of S. 0.0 for a
+  /// count outside 0 .. n; in the second form also for a vector shorter than its count.
   double ComputeVSWParts(const double * v, int nv, const double * w, int nw) const override;
   double ComputeVSWParts(const std::vector<double> & v, int nv, const std::vector<double> & w,
                          int nw) const override;
 
-  // === Products with symmetric matrices =========================================================
+  /// The same over i from startW to startW + nw - 1 and j from startV to startV + nv - 1. The
+  /// vectors are whole ones: element j of v stands beside column j of S.
+  double ComputeVSWParts(const double * v, int startV, int nv, const double * w, int startW,
+                         int nw) const;
 
+  /// The same for vectors that are parts: element j of v stands beside column startV + j of S,
+  /// element i of w beside row startW + i. 0.0 when one reaches past S.
+  double ComputeVSSubWParts(const std::vector<double> & v, int startV,
+                            const std::vector<double> & w, int startW) const;
+
+  /// v-transpose (the diagonal block of S from row `start` on) w; v and w are of its size.
+  double ComputeVSymSubW(const std::vector<double> & v, const std::vector<double> & w,
+                         int start) const;
+
+  /// v-transpose (block (p, q) of S) w. 0.0 for p or q outside 0 .. `GetNBlocks` - 1 and for a
+  /// vector that does not have `GetBlockSize` elements.
+  double ComputeBlockVSW(int p, int q, const std::vector<double> & v,
+                         const std::vector<double> & w) const;
+
+  /// `ComputeBlockVSW(p, q, v, v)`.
+  double ComputeBlockVSV(int p, int q, const std::vector<double> & v) const;
+
+  // === Products with symmetric matrices =========================================================
+  // A symmetric target must be a `QVSymMatrix`, a rectangular one a `QVRectMatrix`, else the result
+  // is false. No product makes a full square matrix: from order 64 on the scratch is one panel of
+  // some tens of columns, and a target that is an operand takes one copy of itself.
+
+  /// The symmetric rows i and j, multiplied; 0.0 for a bad index.
   double ComputeDotProduct2Rows(int i, int j) const override;
+
+  /// Row i of this matrix by row j of the symmetric matrix packed in s, of the same order; 0.0 for
+  /// bad arguments.
   double ComputeRowDotProductS(int i, const std::vector<double> & s, int j) const override;
+
+  /// The same; the missing value when s is not a `QVSymMatrix`. (The forms for two matrices stand
+  /// with the virtual operations below.)
   double ComputeRowDotProductS(int i, const IQVSymMatrix & s, int j) const override;
+
+  /// out = S S: each element as `ComputeDotProduct2Rows` gives it. Does nothing unless `out` is a
+  /// `QVSymMatrix`.
   void ComputeSTransS(IQVSymMatrix & out) const override;
+
+  /// out = S T, a product that is not symmetric. t must be a `QVSymMatrix` of the same order.
   bool ComputeSS(const IQVSymMatrix & t, IQVRectMatrix & out) const override;
+
+  /// out = (G S) G with G packed in g: exactly n(n+1)/2 elements.
   bool ComputeGMG(const std::vector<double> & g, QVSymMatrix & out) const override;
+
+  /// The same for a g of any class, of the order n.
   bool ComputeGSG(const IQVSymMatrix & g, IQVSymMatrix & out) const override;
+
+  /// out = M G N + N G M with this matrix as G. m and n are of its order, both dense or both
+  /// diagonal; any other pair is refused. Dense: element (i, j) is the sum over k, in turn, of
+  /// (M G)(i, k) N(k, j) and (N G)(i, k) M(k, j), left factors that are 0.0 being skipped.
+  /// Diagonal: G(i, j) (M_i N_j + N_i M_j).
   bool ComputeMGN(const IQVSymMatrix & m, const IQVSymMatrix & n,
                   IQVSymMatrix & out) const override;
+
+  /// out = G (M G N + N G M) G with this matrix as G and the refusals of `ComputeMGN`. The first
+  /// n(n+1)/2 elements of `work`, which grows but is never shrunk, receive the packed inner sum.
   bool ComputeGMGNG(const IQVSymMatrix & m, const IQVSymMatrix & n, IQVSymMatrix & out,
                     std::vector<double> & work) const override;
+
+  /// out = L S L-transpose with the lower triangle of l, which is dense or block-diagonal and of
+  /// the order n. With T = L S element (i, j), j <= i, is the sum over k <= i of L_ik T_jk.
   bool ComputeLSLTrans(const IQVSymMatrix & l, IQVSymMatrix & out) const override;
+
+  /// out = B-transpose S B, B being block-diagonal: `copies` times the lower triangle of l, which
+  /// is dense or block-diagonal. False unless `copies` is at least 1 and n = copies x the order of
+  /// l.
   bool ComputeLTransSL(const IQVSymMatrix & l, IQVSymMatrix & out, int copies) const override;
+
+  /// This matrix += a X, product and sum rounded each by itself at every order. False when the
+  /// orders differ. Elements that an x of another class does not store add nothing.
   bool ComputeAXpY(double a, const IQVSymMatrix & x) override;
 
-  // === Products with rectangular matrices =======================================================
+  /// Which rows of m are to be dropped after a sweep made the generalised inverse g (packed,
+  /// n(n+1)/2 elements). Row i of m is zeroed and counted when i is in `in` and either g_ii is
+  /// negative (the row is then set in `neg`, which takes n bits) or m_ii is not above 0.0. `all`
+  /// tells whether this dropped every row of `in` (and at least one). False, and nothing changed,
+  /// for a g of another size, an `in` with fewer than n bits, an m with fewer than n rows. For n =
+  /// 0: true, `all` false, count 0.
+  bool CheckGMG(const std::vector<double> & g, const QVBitSet & in, IQVSymMatrix & m,
+                QVBitSet & neg, bool & all, int & count) const;
 
+  // === Products with rectangular matrices =======================================================
+  // A sparse r is taken where the comment does not ask for a dense one.
+
+  /// out = R S; r is dense and has n columns.
   bool ComputeRS(const IQVRectMatrix & r, IQVRectMatrix & out) const override;
+
+  /// out = R-transpose S; r has n rows.
   bool ComputeRTransS(const IQVRectMatrix & r, IQVRectMatrix & out) const override;
+
+  /// out = (R S) R-transpose; r has n columns.
   bool ComputeRSRTrans(const IQVRectMatrix & r, IQVSymMatrix & out) const override;
+
+  /// out = (R-transpose S) R; r has n rows.
   bool ComputeRTransSR(const IQVRectMatrix & r, IQVSymMatrix & out) const override;
+
+  /// out = R-transpose (S v); r has n rows, v n elements.
   bool ComputeRTransSV(const IQVRectMatrix & r, const std::vector<double> & v,
                        std::vector<double> & out) const override;
 
-  // === Traces of products =======================================================================
+  /// `ComputeRSRTrans` and `ComputeRTransSR` with the diagonal block of rows start .. start + size
+  /// - 1 in the place of S; R has `size` columns, or rows. False for a block that reaches past S.
+  bool ComputeRSRTrans2(const IQVRectMatrix & r, int start, int size, IQVSymMatrix & out) const;
+  bool ComputeRTransSymR(const IQVRectMatrix & r, int start, int size, IQVSymMatrix & out) const;
 
+  /// out = (R D) S (R D)-transpose with D = diag(d), d having n elements. Takes a copy of R.
+  bool ComputeRDiagSRDiagTrans(const IQVRectMatrix & r, const std::vector<double> & d,
+                               IQVSymMatrix & out) const;
+
+  /// out = R-transpose B R, B being block-diagonal: `copies` times S. False unless `copies` is at
+  /// least 1 and r has copies x n rows.
+  bool ComputeRTransBlockDiagR(const IQVRectMatrix & r, int copies, IQVSymMatrix & out) const;
+
+  /// This matrix = R R-transpose, or R-transpose R; the order of the result decides about fusing.
+  /// False when r is invalid, or when the storage could not be obtained (this matrix is invalid
+  /// then).
+  bool ComputeRByRTrans(const QVRectMatrix & r);
+  bool ComputeRTransByR(const QVRectMatrix & r);
+
+  // === Traces of products =======================================================================
+  // Sums of the product's diagonal in row order. 0.0 when the sizes do not fit or n is below 1, and
+  // then the missing value when a symmetric operand is not a `QVSymMatrix`.
+
+  /// The trace of S T: the sum over i of `ComputeRowDotProductS(i, t, i)`.
   double TraceOfProduct(const IQVSymMatrix & t) const override;
+
+  /// The trace of S A B: the sum over i of the sums over k of (S A)_ik B_ki.
   double TraceOfProductOfThree(const IQVSymMatrix & a, const IQVSymMatrix & b) const override;
+
+  /// The trace of (the diagonal block of S from row `start` on, of T's order) T.
+  double TraceOfProductSubSym(const IQVSymMatrix & t, int start) const;
+
+  /// The trace of (the n x n part of r from (startRow, startCol) on) S.
+  double TraceOfProductSubMatSym(const IQVRectMatrix & r, int startRow, int startCol) const;
+
+  // === Products on parts, and with block-diagonal matrices ======================================
+  // b and l may be of any class, block-diagonal above all; of l the lower triangle is read. Parts
+  // are told by their first row or column and their size, which b or l gives where there is no
+  // argument. False (0.0) for an index out of range, a part that reaches past S, or a vector of
+  // another size.
+
+  /// out = (the diagonal block from row `start` on) v.
+  bool SubSymSV(int start, int size, const std::vector<double> & v,
+                std::vector<double> & out) const;
+
+  /// With P the part of rows startRow .. startRow + rows - 1 and of columns startCol ..
+  /// startCol + cols - 1: out = P v, and out = P-transpose v.
+  bool SubSymRectV(int startRow, int rows, int startCol, int cols, const std::vector<double> & v,
+                   std::vector<double> & out) const;
+  bool SubSymRectTV(int startRow, int rows, int startCol, int cols, const std::vector<double> & v,
+                    std::vector<double> & out) const;
+
+  /// out_j = the sum over k >= j of S(i, start + k) L_kj: a piece of row i times L.
+  bool SubSymVectBlockL(int i, int start, const IQVSymMatrix & l, std::vector<double> & out) const;
+
+  /// out = (the diagonal block from row `start` on) L.
+  bool SubSymSBlockL(int start, const IQVSymMatrix & l, QVRectMatrix & out) const;
+
+  /// out = P-transpose L with P the part of as many rows as L has from startRow on and of columns
+  /// startCol .. startCol + cols - 1.
+  bool SubSymRectTBlockL(int startRow, int startCol, int cols, const IQVSymMatrix & l,
+                         QVRectMatrix & out) const;
+
+  /// out = L-transpose (the diagonal block from row `start` on) L.
+  bool SubSymBlockLTSBlockL(int start, const IQVSymMatrix & l, IQVSymMatrix & out) const;
+
+  /// out = M-transpose S M with M = diag(L, identity): the leading rows, as many as L has, are
+  /// transformed by L, and the others border the result.
+  bool AugmentUsingBlockDiagL(const IQVSymMatrix & l, IQVSymMatrix & out) const;
+
+  /// Row i of S, B, row j of S multiplied; b is of the order n. The other forms take columns
+  /// start .. start + (order of b) - 1 of the rows, and a vector w in the place of row j. 0.0 for
+  /// bad arguments. The sum over k of w_k times the inner sum over q of B_kq S_iq.
+  double ComputeVBW(int i, const IQVSymMatrix & b, int j) const;
+  double ComputeVBW(int i, int start, const IQVSymMatrix & b, int j) const;
+  double ComputeVBW(int i, int start, const IQVSymMatrix & b, const std::vector<double> & w) const;
+
+  /// out = P B P-transpose, P being the diagonal block of S from row `start` on, or the part of
+  /// `rows` rows from startRow on and of the columns from startCol on.
+  bool ComputeSSubBSSub(int start, const IQVSymMatrix & b, IQVSymMatrix & out) const;
+  bool ComputeSSubBSSub(int startRow, int rows, int startCol, const IQVSymMatrix & b,
+                        IQVSymMatrix & out) const;
+
+  // === Dot products of parts of a row or column =================================================
+  // "Part" is the elements start .. start + count - 1. A vector of doubles holds at least `count`
+  // values and stands beside the part from its first value on. A pointer with a stride (`IIncr`)
+  // walks down a column of a packed triangle: the first step is the stride, and each later step is
+  // longer by 1; `Delayed`: the walk goes on by single steps `delay` times before that. So do the
+  // symmetric rows of a packed matrix a themselves: row i is a + i(i+1)/2 with delay i and stride
+  // i + 1. False, and `result` untouched, for an index out of range or a part that is not stored.
+
+  /// Sum of L(i, start + q) v_q.
+  bool ComputeDotLRowVecPart(int i, int start, int count, const std::vector<double> & v,
+                             double & result) const;
+
+  /// Sum of L(start + q, j) v_q; start is not above the diagonal.
+  bool ComputeDotLColVecPart(int j, int start, int count, const std::vector<double> & v,
+                             double & result) const;
+  bool ComputeDotLColVecIIncrPart(int j, int start, int count, const double * v, int stride,
+                                  double & result) const;
+  bool DotLColVecDelayedIIncrPart(int j, int start, int count, const double * v, int delay,
+                                  int stride, double & result) const;
+
+  /// The same for the whole of column j from its diagonal element down.
+  bool ComputeDotLColVecIIncrDiag(int j, const double * v, int stride, double & result) const;
+
+  /// Sum of L(start + q, j) L(i, start + q).
+  bool DotLColRowPart(int j, int i, int start, int count, double & result) const;
+
+  /// Sum of L(start + q, j) S(i, start + q) with a symmetric matrix s.
+  bool DotProductLColRowPart(int j, const QVSymMatrix & s, int i, int start, int count,
+                             double & result) const;
+
+  /// Sum of S(start + q, j) v(q): column j of the symmetric matrix.
+  bool ComputeDotColVecIIncrPart(int j, int start, int count, const double * v, int stride,
+                                 double & result) const;
+
+  /// Sum of S(i, start + q) v(q).
+  bool DotRowVecDelayedIIncrPart(int i, int start, int count, const double * v, int delay,
+                                 int stride, double & result) const;
+
+  /// Column j of l, from its diagonal element down, by the piece of the symmetric row i that begins
+  /// at column `start`: the sum over k >= j of L_kj S(i, start + k).
+  bool DotProductLBlockColRow(const IQVSymMatrix & l, int j, int i, int start,
+                              double & result) const;
+
+  /// Column j of the block-diagonal matrix whose blocks are copies of l by the symmetric row i.
+  /// False when the order of l does not divide n.
+  bool DotProductLBlockDiagColRow(const IQVSymMatrix & l, int j, int i, double & result) const;
+
+  /// out_j = the sum over q >= j of v_q L(start + q, start + j), for j below count: the vector
+  /// times a diagonal block of L.
+  bool ComputeVecPartByL(const std::vector<double> & v, int start, int count,
+                         std::vector<double> & out) const;
+  bool ComputeVecIIncPartByL(const double * v, int stride, int start, int count,
+                             std::vector<double> & out) const;
+
+  // === Updates of a part ========================================================================
+  // As `UpdateXX` above: a_ij += (x_i w) x_j, rows with x_i = 0.0 being skipped; false, and nothing
+  // changed, unless w is above 0.0.
+
+  /// The leading block, or the diagonal block from row `start` on, of the size of x; false when it
+  /// reaches past the matrix.
+  bool UpdateXXCornerBlock(const std::vector<double> & x, double w);
+  bool UpdateXXCornerBlock(int start, const std::vector<double> & x, double w);
+
+  /// The leading `corner` rows by a sparse x, whose rows all lie in them.
+  bool UpdateXXCornerSparse(int corner, const std::vector<int> & rows,
+                            const std::vector<double> & x, double w);
+
+  /// a_ij += (A_ri w) B_rj for every row r, j <= i: the lower triangle of w A-transpose B, in the
+  /// leading rows, as many as A and B, which are of one shape, have columns. Where B is not a
+  /// multiple of A the caller sees to it that the product is symmetric.
+  bool UpdateXXMat2(const QVRectMatrix & a, const QVRectMatrix & b, double w);
+
+  // === Spreading, parts in rectangular targets ==================================================
+
+  /// Spreads the matrix to the rows that are in `rows`, with 0.0 in the others; `out` takes as many
+  /// rows as the set has bits. False unless exactly n bits are set.
+  bool Expand(const QVBitSet & rows, QVSymMatrix & out) const;
+
+  /// The same by an index matrix E of n columns: row i of `out` is the row of this matrix in whose
+  /// column row i of E has its 1.0, and 0.0 where E has none: E S E-transpose. A row may be spread
+  /// several times. False when a row of E has an element other than 0.0 and one 1.0.
+  bool ExpandSym(const IQVRectMatrix & index, QVSymMatrix & out) const;
+  bool ExpandSymToRect(const IQVRectMatrix & index, QVRectMatrix & out) const;
+
+  /// out = rows startRow .. startRow + rows - 1, columns startCol .. startCol + cols - 1 of the
+  /// stored triangle. False unless all of it lies on or below the diagonal.
+  bool ExtractBlockInLowTriangular(int startRow, int rows, int startCol, int cols,
+                                   QVRectMatrix & out) const;
+
+  /// The matrix H that leaves estimable functions unchanged, from a matrix swept on the rows of
+  /// `swept`: row i of H is the unit vector with the coefficients of the rows that are not swept,
+  /// for a swept i, and 0.0 otherwise. H takes the size of the set, which is n or less (a response
+  /// behind the predictors is left out so); false for a larger set.
+  bool ExtractH(const QVBitSet & swept, QVRectMatrix & h) const;
+
+  /// Copies the symmetric row i to column j of r, which has n rows; false for a bad index.
+  bool CopyRowToRColumn(int i, int j, QVRectMatrix & r) const;
+
+  /// The stored part of column j: elements (j, j) to (n - 1, j), as a vector or as a matrix of one
+  /// column. False for a bad j.
+  bool GetPCol(int j, std::vector<double> & column) const;
+  bool GetPCol(int j, QVRectMatrix & column) const;
 
   // === Display ==================================================================================
 
@@ -577,8 +898,8 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
   /// become 1.0 and -1.0. False for e below 0.0 or not below 1.0.
   virtual bool AdjustOffDiagCorr(double e);
 
-  /// Both dot products in one pass: row i of this matrix by row j of the packed symmetric matrices
-  /// a and b.
+  /// Both dot products at once: row i of this matrix by row j of the symmetric matrices a and b. ra
+  /// and rb are what the forms for one matrix give, the results for bad arguments included.
   virtual void ComputeRowDotProductS(int i, const std::vector<double> & a,
                                      const std::vector<double> & b, int j, double & ra,
                                      double & rb) const;
@@ -590,6 +911,10 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
 
  private:
   bool IsRow(int k) const { return k >= 0 && k < fNRows; }
+  bool IsPart(int start, int count) const {
+    return start >= 0 && count >= 0 && count <= fNRows && start <= fNRows - count;
+  }
+  bool IsPartOfColumn(int j, int start, int count) const;
   void ResizeAndMarkBlocks(int n);
   bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
   bool AreCholeskyArguments(const std::vector<double> & ref, double tol) const;
