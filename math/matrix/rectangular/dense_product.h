@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "math/kernels/kernel_table.h"
-#include "math/matrix/rectangular/sums.h"
+#include "math/matrix/sums.h"
 
 namespace QVMath_940 {
 

@@ -7,7 +7,7 @@
 #include "QVBitSet.h"
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
-#include "math/matrix/rectangular/sums.h"
+#include "math/matrix/sums.h"
 
 namespace QVMath_940 {
 

@@ -6,7 +6,7 @@
 #include "QVMathFun.h"
 #include "QVRectMatrix.h"
 #include "QVSparseVector.h"
-#include "math/matrix/rectangular/sums.h"
+#include "math/matrix/sums.h"
 
 namespace QVMath_940 {
 

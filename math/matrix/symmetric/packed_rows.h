@@ -6,11 +6,11 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
 #include "QVSymMatrix.h"
 #include "math/kernels/kernel_table.h"
+#include "math/matrix/sums.h"
 
 namespace QVMath_940 {
 
@@ -58,11 +58,6 @@ inline kernels::ConstRows Along(const double * values) {
 inline kernels::ConstRows Behind(kernels::ConstRows walk, std::ptrdiff_t count) {
   return {walk.start + count * walk.step + walk.grow * (count * (count - 1) / 2),
           walk.step + count * walk.grow, walk.grow};
-}
-
-/// sum + x y, as the operation's order asks.
-inline double AddProduct(bool isFused, double x, double y, double sum) {
-  return isFused ? std::fma(x, y, sum) : sum + x * y;
 }
 
 /// sum + the products of the first `count` values of two walks.

@@ -18,9 +18,6 @@ inline QVSymMatrix * AsDense(IQVSymMatrix & s) {
 inline const QVSymMatrix * AsDense(const IQVSymMatrix & s) {
   return s.GetType() == SymMatrixDense ? static_cast<const QVSymMatrix *>(&s) : nullptr;
 }
-inline QVRectMatrix * AsDense(IQVRectMatrix & r) {
-  return r.GetMatrixType() == RectMatrixDense ? static_cast<QVRectMatrix *>(&r) : nullptr;
-}
 inline const QVRectMatrix * AsDense(const IQVRectMatrix & r) {
   return r.GetMatrixType() == RectMatrixDense ? static_cast<const QVRectMatrix *>(&r) : nullptr;
 }
@@ -56,42 +53,6 @@ class TriangleTarget {
  private:
   QVSymMatrix & fOut;
   int fN;
-  bool fIsAside;
-  bool fIsReady = true;
-  std::vector<double> fAside;
-};
-
-/// The same for a rectangular target.
-class RectTarget {
- public:
-  RectTarget(QVRectMatrix & out, int rows, int cols, bool isOperand)
-      : fOut(out), fRows(rows), fCols(cols), fIsAside(isOperand) {
-    if (fIsAside) {
-      fAside.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols), 0.0);
-    } else if (fOut.GetNRows() == rows && fOut.GetNCols() == cols) {
-      fOut.Clear();
-    } else {
-      fIsReady = fOut.SetNRowsCols(rows, cols, true);
-    }
-  }
-
-  bool IsReady() const { return fIsReady; }
-
-  double * Elements() { return fIsAside ? fAside.data() : fOut.AsVector().data(); }
-
-  bool Finish() {
-    if (fIsAside) {
-      const bool hasShape = fOut.GetNRows() == fRows && fOut.GetNCols() == fCols;
-      if (!hasShape && !fOut.SetNRowsCols(fRows, fCols, false)) return false;
-      fOut.AsVector().swap(fAside);
-    }
-    return true;
-  }
-
- private:
-  QVRectMatrix & fOut;
-  int fRows;
-  int fCols;
   bool fIsAside;
   bool fIsReady = true;
   std::vector<double> fAside;

@@ -7,9 +7,10 @@
 #include "QVSymMatrix.h"
 #include "math/kernels/kernel_table.h"
 #include "math/kernels/packed_update.h"
-#include "math/matrix/symmetric/dense_product.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
+#include "math/matrix/symmetric/tiled_product.h"
 
 namespace QVMath_940 {
 
@@ -17,19 +18,6 @@ namespace {
 
 std::size_t At(int i) {
   return static_cast<std::size_t>(i);
-}
-
-// The elements, row after row, of a rectangular operand of any class. This is where an operand that
-// is not dense becomes so; `scratch` then holds the copy.
-const QVRectMatrix & DenseOperand(const IQVRectMatrix & r, QVRectMatrix & scratch) {
-  if (const QVRectMatrix * dense = AsDense(r)) return *dense;
-  scratch.SetNRowsCols(r.GetNRows(), r.GetNCols(), false);
-  std::vector<double> row;
-  for (int i = 0; i < scratch.GetNRows() && r.GetRow(i, row); ++i) {
-    std::copy(row.begin(), row.end(),
-              scratch.AsVector().begin() + i * std::ptrdiff_t{scratch.GetNCols()});
-  }
-  return scratch;
 }
 
 RowsFactor ByRows(const QVRectMatrix & r) {
@@ -50,7 +38,7 @@ bool MultiplyBothSidesInto(const Factor & r, int order, const PackedView & middl
   return target.Finish();
 }
 
-// One of the two shapes holds -1 for a matrix whose storage could not be obtained.
+// A matrix whose storage could not be obtained has -1 rows and columns.
 bool IsShape(const IQVRectMatrix & r) {
   return r.GetNRows() >= 0 && r.GetNCols() >= 0;
 }
@@ -61,27 +49,24 @@ bool IsShape(const IQVRectMatrix & r) {
 
 bool QVSymMatrix::ComputeRS(const IQVRectMatrix & r, IQVRectMatrix & out) const {
   const QVRectMatrix * const left = AsDense(r);
-  QVRectMatrix * const dense = AsDense(out);
-  if (left == nullptr || dense == nullptr || fNRows < 0 || left->GetNCols() != fNRows) return false;
+  if (left == nullptr || fNRows < 0 || left->GetNCols() != fNRows) return false;
   const int rows = left->GetNRows();
-  RectTarget target(*dense, rows, fNRows, dense == left);
-  if (!target.IsReady()) return false;
+  DenseTarget target(out, {left});
+  if (!target.Shape(rows, fNRows)) return false;
   MultiplyToRows(ByRows(*left), rows, SymmetricFactor(ViewOf(*this)), fNRows, fNRows,
-                 fNRows >= kernels::kFusedOrder, target.Elements());
-  return target.Finish();
+                 fNRows >= kernels::kFusedOrder, target.Data());
+  return target.Deliver();
 }
 
 bool QVSymMatrix::ComputeRTransS(const IQVRectMatrix & r, IQVRectMatrix & out) const {
-  QVRectMatrix * const dense = AsDense(out);
-  if (dense == nullptr || fNRows < 0 || r.GetNRows() != fNRows || !IsShape(r)) return false;
-  QVRectMatrix scratch;
-  const QVRectMatrix & left = DenseOperand(r, scratch);
+  if (fNRows < 0 || r.GetNRows() != fNRows || !IsShape(r)) return false;
   const int rows = r.GetNCols();
-  RectTarget target(*dense, rows, fNRows, dense == &left);
-  if (!target.IsReady()) return false;
-  MultiplyToRows(ByColumns(left), rows, SymmetricFactor(ViewOf(*this)), fNRows, fNRows,
-                 fNRows >= kernels::kFusedOrder, target.Elements());
-  return target.Finish();
+  const DenseOperand left(r);
+  DenseTarget target(out, {&r});
+  if (!target.Shape(rows, fNRows)) return false;
+  MultiplyToRows(ByColumns(*left), rows, SymmetricFactor(ViewOf(*this)), fNRows, fNRows,
+                 fNRows >= kernels::kFusedOrder, target.Data());
+  return target.Deliver();
 }
 
 bool QVSymMatrix::ComputeRTransSV(const IQVRectMatrix & r, const std::vector<double> & v,
@@ -114,9 +99,9 @@ bool QVSymMatrix::ComputeRSRTrans2(const IQVRectMatrix & r, int start, int size,
                                    IQVSymMatrix & out) const {
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || !IsPart(start, size) || r.GetNCols() != size || !IsShape(r)) return false;
-  QVRectMatrix scratch;
-  return MultiplyBothSidesInto(ByRows(DenseOperand(r, scratch)), r.GetNRows(),
-                               ViewOf(*this).Block(start, size), *dense, dense == this);
+  const DenseOperand rows(r);
+  return MultiplyBothSidesInto(ByRows(*rows), r.GetNRows(), ViewOf(*this).Block(start, size),
+                               *dense, dense == this);
 }
 
 bool QVSymMatrix::ComputeRTransSR(const IQVRectMatrix & r, IQVSymMatrix & out) const {
@@ -127,9 +112,9 @@ bool QVSymMatrix::ComputeRTransSymR(const IQVRectMatrix & r, int start, int size
                                     IQVSymMatrix & out) const {
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || !IsPart(start, size) || r.GetNRows() != size || !IsShape(r)) return false;
-  QVRectMatrix scratch;
-  return MultiplyBothSidesInto(ByColumns(DenseOperand(r, scratch)), r.GetNCols(),
-                               ViewOf(*this).Block(start, size), *dense, dense == this);
+  const DenseOperand columns(r);
+  return MultiplyBothSidesInto(ByColumns(*columns), r.GetNCols(), ViewOf(*this).Block(start, size),
+                               *dense, dense == this);
 }
 
 bool QVSymMatrix::ComputeRDiagSRDiagTrans(const IQVRectMatrix & r, const std::vector<double> & d,
@@ -154,15 +139,14 @@ bool QVSymMatrix::ComputeRTransBlockDiagR(const IQVRectMatrix & r, int copies,
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || fNRows < 0 || copies < 1 || !IsShape(r)) return false;
   if (r.GetNRows() != std::ptrdiff_t{copies} * fNRows) return false;
-  QVRectMatrix scratch;
-  const QVRectMatrix & rows = DenseOperand(r, scratch);
-  const int cols = rows.GetNCols();
+  const DenseOperand rows(r);
+  const int cols = r.GetNCols();
   TriangleTarget target(*dense, cols, dense == this);
   if (!target.IsReady()) return false;
   // Block after block adds its product, so that each sum runs over all rows in their order.
   const PackedView s = ViewOf(*this);
   for (int block = 0; block < copies; ++block) {
-    const double * const start = rows.AsVector().data() + At(block) * At(fNRows) * At(cols);
+    const double * const start = rows->AsVector().data() + At(block) * At(fNRows) * At(cols);
     const ColumnsFactor part(start, cols, fNRows);
     MultiplyBothSides(part, part, cols, s, target.Elements());
   }

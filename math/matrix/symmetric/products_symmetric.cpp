@@ -8,9 +8,10 @@
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
 #include "math/kernels/kernel_table.h"
-#include "math/matrix/symmetric/dense_product.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
+#include "math/matrix/symmetric/tiled_product.h"
 
 namespace QVMath_940 {
 
@@ -106,13 +107,12 @@ void QVSymMatrix::ComputeSTransS(IQVSymMatrix & out) const {
 
 bool QVSymMatrix::ComputeSS(const IQVSymMatrix & t, IQVRectMatrix & out) const {
   const QVSymMatrix * const other = AsDense(t);
-  QVRectMatrix * const dense = AsDense(out);
-  if (other == nullptr || dense == nullptr || fNRows < 0 || other->fNRows != fNRows) return false;
-  RectTarget target(*dense, fNRows, fNRows, false);
-  if (!target.IsReady()) return false;
+  if (other == nullptr || fNRows < 0 || other->fNRows != fNRows) return false;
+  DenseTarget target(out, {});
+  if (!target.Shape(fNRows, fNRows)) return false;
   MultiplyToRows(SymmetricFactor(ViewOf(*this)), fNRows, SymmetricFactor(ViewOf(*other)), fNRows,
-                 fNRows, fNRows >= kernels::kFusedOrder, target.Elements());
-  return target.Finish();
+                 fNRows, fNRows >= kernels::kFusedOrder, target.Data());
+  return target.Deliver();
 }
 
 // --- G S G and its kin --------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include "QVBitSet.h"
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/symmetric/product_target.h"
 
 namespace QVMath_940 {
@@ -80,12 +81,12 @@ bool QVSymMatrix::ExpandSymToRect(const IQVRectMatrix & index, QVRectMatrix & ou
   std::vector<int> sources;
   if (fNRows < 0 || index.GetNCols() != fNRows || !FindSources(index, sources)) return false;
   const int order = static_cast<int>(sources.size());
-  RectTarget target(out, order, order, false);
-  if (!target.IsReady()) return false;
-  double * element = target.Elements();
+  DenseTarget target(out, {});
+  if (!target.Shape(order, order)) return false;
+  double * element = target.Data();
   Spread(
       *this, sources, [order](int) { return order; }, [&element](double x) { *element++ = x; });
-  return target.Finish();
+  return target.Deliver();
 }
 
 // --- Parts in rectangular targets ---------------------------------------------------------------
@@ -94,28 +95,28 @@ bool QVSymMatrix::ExtractBlockInLowTriangular(int startRow, int rows, int startC
                                               QVRectMatrix & out) const {
   if (!IsPart(startRow, rows) || !IsPart(startCol, cols)) return false;
   if (rows > 0 && cols > 0 && startCol + cols - 1 > startRow) return false;
-  RectTarget target(out, rows, cols, false);
-  if (!target.IsReady()) return false;
-  double * to = target.Elements();
+  DenseTarget target(out, {});
+  if (!target.Shape(rows, cols)) return false;
+  double * to = target.Data();
   for (int i = 0; i < rows; ++i, to += cols) {
     std::copy_n(fElements.data() + RowStart(startRow + i) + startCol, cols, to);
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool QVSymMatrix::ExtractH(const QVBitSet & swept, QVRectMatrix & h) const {
   const int order = swept.Size();
   if (!IsPart(0, order)) return false;
-  RectTarget target(h, order, order, false);
-  if (!target.IsReady()) return false;
+  DenseTarget target(h, {});
+  if (!target.Shape(order, order)) return false;
   for (int i = 0; i < order; ++i) {
     if (!swept.IsIn(i)) continue;
-    double * const row = target.Elements() + At(i) * At(order);
+    double * const row = target.Data() + At(i) * At(order);
     for (int j = 0; j < order; ++j) {
       row[j] = i == j ? 1.0 : swept.IsIn(j) ? 0.0 : GetElem(i, j);
     }
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool QVSymMatrix::CopyRowToRColumn(int i, int j, QVRectMatrix & r) const {

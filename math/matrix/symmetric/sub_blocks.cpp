@@ -6,9 +6,10 @@
 
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
-#include "math/matrix/symmetric/dense_product.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
+#include "math/matrix/symmetric/tiled_product.h"
 
 namespace QVMath_940 {
 
@@ -93,17 +94,17 @@ bool QVSymMatrix::SubSymRectTBlockL(int startRow, int startCol, int cols, const 
   if (order < 0 || !IsPart(startRow, order) || !IsPart(startCol, cols)) return false;
   const PackedView s = ViewOf(*this);
   const std::vector<double> packed = Pack(l);
-  RectTarget target(out, cols, order, false);
-  if (!target.IsReady()) return false;
+  DenseTarget target(out, {});
+  if (!target.Shape(cols, order)) return false;
   std::vector<double> row(At(order));
   for (int j = 0; j < cols; ++j) {
     for (int i = 0; i < order; ++i) {
       row[At(i)] = s.Elem(startRow + i, startCol + j);
     }
     MultiplyLowerTransposed({packed.data(), order, s.isFused}, row.data(),
-                            target.Elements() + At(j) * At(order));
+                            target.Data() + At(j) * At(order));
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool QVSymMatrix::SubSymBlockLTSBlockL(int start, const IQVSymMatrix & l,

@@ -7,9 +7,9 @@
 #include "QVMV.h"
 #include "QVSymMatrix.h"
 #include "math/kernels/kernel_table.h"
-#include "math/matrix/symmetric/dense_product.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
+#include "math/matrix/symmetric/tiled_product.h"
 
 namespace QVMath_940 {
 

@@ -1,4 +1,4 @@
-#include "math/matrix/symmetric/dense_product.h"
+#include "math/matrix/symmetric/tiled_product.h"
 
 #include <algorithm>
 #include <cmath>

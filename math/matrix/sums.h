@@ -1,5 +1,6 @@
-/// The sums of the rectangular products: from 0.0 in index order, each addition fused from a length
-/// of `kernels::kFusedOrder` on. The length is that of the whole sum, whatever part of it is zero.
+/// The sums of the matrix products: from 0.0 in index order, each addition fused from a length
+/// of `kernels::kFusedOrder` on. The length is that of the whole sum, whatever part of it is zero;
+/// where a symmetric matrix takes part its order decides instead.
 #pragma once
 
 #include <cmath>
