@@ -16,6 +16,15 @@ namespace QVMath_940 {
 using QVCommon_940::QVMV;
 using QVXML_940::QVVariateData;
 
+namespace {
+
+/// Out of line, so that the compiler keeps the branch around it.
+[[gnu::noinline, gnu::cold]] void SetToZero(double & value) {
+  value = 0.0;
+}
+
+}  // namespace
+
 QVHistogramData::QVHistogramData() : QVHistogramData(1, -1.0, 1.0, false) {
 }
 
@@ -46,7 +55,11 @@ bool QVHistogramData::UpdateData(double freqWeight, double regWeight, double x) 
   const double mean = fMean + step;
   // What is left of the mean after such a cancellation is rounding error.
   constexpr double kNoise = 2.0 * std::numeric_limits<double>::epsilon();
-  fMean = std::fabs(fMean) * kNoise > std::fabs(mean) ? 0.0 : mean;
+  // A branch, not a selection: the next case waits for this mean alone, not for the test of it.
+  const bool isNoise = std::fabs(fMean) * kNoise > std::fabs(mean);
+  fMean = mean;
+  if (isNoise) [[unlikely]]
+    SetToZero(fMean);
   fSumFreqWeights += freqWeight;
   fNCases += 1.0;
   fSumWeights = sum;
