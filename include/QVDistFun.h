@@ -1,4 +1,5 @@
-/// Probability distributions: cumulative functions, upper tails and densities.
+/// Probability distributions: cumulative functions, upper tails, densities, quantiles, non-central
+/// functions, and two functions on grouped data.
 ///
 ///     long status = 0;
 ///     double p = 2.0 * QVDistFun::SigT(std::fabs(t), df);  // two-sided t test
@@ -21,6 +22,8 @@
 ///
 /// Thread-safe: there is no state.
 #pragma once
+
+#include <vector>
 
 #include "QVExport.h"
 
@@ -160,6 +163,125 @@ class QVCOMMON_API QVDistFun {
   /// Domain: x > 0, otherwise missing; missing also above 2.5e305, where it overflows.
   /// Method: piecewise polynomials and Stirling's series of T. Ooura.
   static double zelvdnlgam(const double & x);
+
+  // --- Quantiles: the x at which the cumulative function is p ------------------------------------
+
+  /// Beta quantile. BEWARE: its failure value is -1, NOT the missing value.
+  ///
+  /// Domain: a > 0, b > 0, 0 <= p <= 1, otherwise -1; but p = 0 gives 0 and p = 1 gives 1 whatever
+  /// the shapes. The absolute error is about 1e-12 at worst and no quantile below 1e-12 is told
+  /// from 1e-12: a small quantile has few digits. A shape 1 and equal shapes at p = 0.5 are exact.
+  /// Beware also: where the density overflows on the way, the result is the mean a / (a + b).
+  /// Method: AS 109, Newton's method with a damped step.
+  static double IdfBeta(const double & p, const double & a, const double & b);
+
+  /// Binomial quantile: the largest k whose P(X <= k) does not exceed p, for n trials with
+  /// probability q.
+  ///
+  /// Domain: n whole, otherwise status 1; n >= 1, 0 <= q <= 1, 0 <= p <= 1, otherwise status 2.
+  /// p = 0 gives -1, or n - 1 for q = 1; p = 1 gives n, or 0 for q = 0.
+  ///
+  /// Beware: for p below P(X <= 0) the result is -1 where the walk starts at 0, and 0 where it
+  /// starts above. Where the sum of the probabilities cannot reach p any more (a p within rounding
+  /// of 1, or probabilities that are 0 in a double) it is n + 1.
+  /// Method: a walk from the normal approximation, with status 2 after 5 million steps.
+  static double IdfBin(double p, double n, double q, long & status);
+
+  /// Chi-square quantile.
+  ///
+  /// Domain: 0 <= p < 1, df > 0, otherwise missing; 0 for p = 0.
+  /// Method: AS 91 with a seven-term Taylor step, settled at a relative change of 5e-7, which the
+  /// next order turns into some 1e-13; bisection where it does not settle.
+  static double IdfChi(double p, double df);
+
+  /// F quantile. Domain: 0 <= p < 1, df1 > 0, df2 > 0, otherwise missing; 0 for p = 0. Missing too
+  /// where the quantile of the beta distribution under it rounds to 1. Accuracy: that of `IdfBeta`.
+  static double IdfF(double p, double df1, double df2);
+
+  /// Gamma quantile. Domain: 0 <= p < 1, shape > 0, rate > 0, otherwise missing; 0 for p = 0, also
+  /// with a shape of 0.
+  static double IdfGam(const double & p, const double & shape, const double & rate);
+
+  /// Normal quantile. Domain: 0 < p < 1, sd > 0, otherwise missing; exactly `mean` for p = 0.5.
+  /// Method: AS 241, double precision form.
+  static double IdfNorm(double p, double mean, double sd);
+
+  /// Standard normal quantile. Domain: 0 < p < 1, otherwise missing; exactly 0 for p = 0.5.
+  static double IdfStdNorm(double p);
+
+  /// Student t quantile. Domain: 0 < p < 1, df > 0, otherwise missing; exactly 0 for p = 0.5, and
+  /// normal from df = 1e8 on.
+  ///
+  /// `acu` and `delta` are the bounds of the beta quantile under it: the square of a step that
+  /// counts as the last, and the least distance from 0 and 1. 1e-20 and 1e-12 are usual. A quantile
+  /// far out, where x*x is above df / delta, is cut off there.
+  static double IdfT(double p, double df, double acu, double delta);
+
+  // --- Non-central functions ---------------------------------------------------------------------
+  // Sums over Poisson weights; missing when 60000 terms are not enough (parameters beyond some
+  // 3e7). `tol` is the absolute error that ends a sum.
+
+  /// Non-central chi-square cdf, to 1e-12. Domain: df > 0, nc >= 0, otherwise missing; 0 for
+  /// x <= 0. Method: central functions, summed from 7.03 standard deviations below the Poisson
+  /// mean.
+  static double NonCentralCdfChi(double x, double df, double nc);
+
+  /// Non-central F cdf. Domain: df1 > 0, df2 > 0, nc >= 0, otherwise missing; 0 for x <= 0.
+  /// Method: the non-central beta function of AS 226 with the start of AS R84.
+  static double NonCentralCdfF(double x, double df1, double df2, double nc, double tol);
+
+  /// Non-central t cdf. Domain: df > 0, otherwise missing; any delta. Missing also where t*t is
+  /// lost beside df. Method: AS 243 with the same start.
+  static double NonCentralCdfT(double t, double df, double delta, double tol);
+
+  /// Non-central t density, to a relative 1e-10 where its terms have one sign; with t and delta of
+  /// different signs they alternate and the error grows with |delta|.
+  ///
+  /// Domain: df > 0, otherwise status 1. Status 2 where a term or the index of the largest one
+  /// overflows. Method: the series summed both ways from its largest term.
+  static double NonCentralPdfT(double t, double df, double delta, long & status);
+
+  /// The nc with NonCentralCdfChi(x, df, nc) = p.
+  ///
+  /// Domain: df > 0, 0 <= p <= 1, tol >= 0, otherwise missing. 0 when the central function is
+  /// already at or below p. `tol` bounds both the difference from p and the bracket of nc.
+  static double FindNCParamChi(double x, double df, double p, double tol);
+
+  /// The nc with NonCentralCdfF(x, df1, df2, nc, tol) = p; `tol` goes to the cdf as well, and
+  /// bounds the bracket relative to nc above 1. Domain and result as above; missing beyond nc
+  /// = 1.07e9.
+  static double FindNCParamF(double x, double df1, double df2, double p, double tol);
+
+  /// The delta, of either sign, with NonCentralCdfT(t, df, delta, cdfTol) = p. Domain: t >= 0,
+  /// df > 0, 0 <= p <= 1, tol >= 0, otherwise missing; missing beyond |delta| = 1.07e9.
+  static double FindNCParamT(double t, double df, double p, double tol, double cdfTol);
+
+  // --- Grouped data ------------------------------------------------------------------------------
+
+  /// The percentile `pct` (0 to 100) of n groups, by linear interpolation of the cumulative count.
+  ///
+  /// `values` ascend, `freqs` are their counts. nBounds < 1: the values are points and each count
+  /// is centred on its point. nBounds = 1: bounds[0] is the width of every group, its value the
+  /// middle. nBounds >= 2: `bounds` are ascending class limits; the last class ends where it
+  /// mirrors its lower limit about its first value.
+  ///
+  /// status: 0 success (the result may still be missing, where there is nothing to interpolate);
+  /// -1 for n < 2 or vectors shorter than told; for points, 1 below the middle of the first count
+  /// and 2 above that of the last. The result is missing with each.
+  static void GPTile(long n, double pct, const std::vector<double> & values,
+                     const std::vector<double> & freqs, const std::vector<double> & bounds,
+                     long nBounds, double & result, long & status);
+
+  /// Confidence interval of the median of n distinct ascending `values` with counts `freqs`,
+  /// `total` in all, at `confidence` percent; `actual` is the confidence reached, asked for by
+  /// `wantActual`.
+  ///
+  /// What cannot be given is missing: everything for a total below 2 or not whole, or for a
+  /// confidence outside -100 to 100. A total of 2, or one too small for the confidence, gives the
+  /// whole range and an `actual` of 100 whether wanted or not.
+  static void Mednci(long n, const std::vector<double> & values, const std::vector<double> & freqs,
+                     double total, double confidence, bool wantActual, double & lower,
+                     double & upper, double & actual);
 };
 
 }  // namespace QVMath_940

@@ -8,6 +8,7 @@
 /// The names are the ones under which these routines have long been known in statistical software.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <limits>
 
@@ -41,6 +42,16 @@ inline bool IsFailed(double value) {
 inline double Fail(long & status, long code) {
   status = code;
   return kFailed;
+}
+
+/// The value, or the missing value in place of an infinity or a NaN.
+inline double FiniteOrFailed(double value) {
+  return std::isfinite(value) ? value : kFailed;
+}
+
+/// The same with status 2.
+inline double FiniteOrFail(double value, long & status) {
+  return std::isfinite(value) ? value : Fail(status, 2);
 }
 
 /// True when any of the arguments is a NaN.
@@ -109,5 +120,54 @@ double zelvcdft(const double & x, const double & df, long & status);
 
 /// F cdf. df1 > 0 and df2 > 0, otherwise status 1; 0 for x <= 0.
 double zelvcdff(const double & x, const double & df1, const double & df2, long & status);
+
+// --- Quantiles ----------------------------------------------------------------------------------
+
+/// Standard normal quantile. 0 < p < 1, otherwise the missing value.
+double probit(const double & p);
+
+/// Beta quantile. BEWARE: its failure value is -1, NOT the missing value. p = 0 gives 0 and p = 1
+/// gives 1 whatever the shapes; otherwise a > 0, b > 0 and 0 < p < 1, or -1.
+///
+/// `acu` bounds the square of a step that counts as the last, `delta` the distance from 0 and 1 and
+/// the smallest step: the absolute error of the quantile is some times delta, and no quantile
+/// within delta of 0 or 1 is told from delta and 1 - delta.
+double betinv(const double & p, const double & a, const double & b, const double & acu,
+              const double & delta);
+
+/// Chi-square quantile. 0 <= p < 1 and df > 0, otherwise status 1; 0 for p = 0. Status 2 where the
+/// start value is beyond exp(141.8) or no method settles.
+double zelvidfchi(const double & p, const double & df, long & status);
+
+/// Chi-square quantile by bisection between half of `start` and twice of it (four times where the
+/// distribution asks for it). start > 0, otherwise status 1; status 2 when the quantile lies
+/// outside. Relative error 1e-8.
+double idfchb(const double & p, const double & df, const double & start, long & status);
+
+/// Student t quantile. 0 < p < 1 and df > 0, otherwise status 1; normal from df = 1e8 on. Status 2
+/// where `betinv` fails or the quantile overflows. `acu` and `delta` are those of `betinv`.
+double zelvidft(const double & p, const double & df, long & status, const double & acu,
+                const double & delta);
+
+/// F quantile. 0 <= p < 1, df1 > 0 and df2 > 0, otherwise status 1; 0 for p = 0. Status 2 where
+/// `betinv` fails or gives 1.
+double zelvidff(const double & p, const double & df1, const double & df2, long & status);
+
+// --- Non-central functions ----------------------------------------------------------------------
+
+/// Standard deviations below the mean of the Poisson weights at which their sums start.
+inline constexpr double kPoissonStart = 7.0344838253011;
+
+/// Rounds after which a sum with Poisson weights counts as failed.
+inline constexpr int kMostPoissonRounds = 60000;
+
+/// Lower limit of the exponents in the non-central functions.
+inline constexpr double kLowestNonCentralExponent = -708.39;
+
+/// Non-central beta cdf with non-centrality nc, to the absolute error tol. a > 0, b > 0 and nc >=
+/// 0, otherwise status 1; x <= 0 gives 0 and x >= 1 gives 1. Status 2 where the central function
+/// fails or 60000 rounds are not enough (nc above some 3e7).
+double ncdbet(const double & x, const double & a, const double & b, const double & nc,
+              long & status, double tol);
 
 }  // namespace QVMath_940
