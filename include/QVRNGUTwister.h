@@ -9,7 +9,7 @@
 
 namespace QVMath_940 {
 
-struct TwisterBlock;
+struct TwisterWords;
 
 class QVCOMMON_API QVRNGUTwister : public QVRNGenerator {
  public:
@@ -26,7 +26,7 @@ class QVCOMMON_API QVRNGUTwister : public QVRNGenerator {
   double GetNext() override;
 
  private:
-  TwisterBlock * fBlock;
+  TwisterWords * fWords;
 };
 
 }  // namespace QVMath_940

@@ -13,10 +13,9 @@
 #pragma once
 
 #include "QVExport.h"
+#include "TwisterWords.h"
 
 namespace QVMath_940 {
-
-struct TwisterBlock;
 
 class QVCOMMON_API QVRandomTwister {
  public:
@@ -33,21 +32,23 @@ class QVCOMMON_API QVRandomTwister {
   void InitByArray(const unsigned long * key, unsigned long length);
 
   /// The next tempered word, 0 to 4294967295.
-  unsigned long GetInteger32();
+  unsigned long GetInteger32() { return fWords->NextWord(); }
 
   /// The upper 31 bits of the next word.
-  long GetInteger31();
+  long GetInteger31() { return static_cast<long>(fWords->NextWord() >> 1); }
 
   /// Uniform on [0, 1], [0, 1) and (0, 1), 32 bits each; one word a draw.
-  double GetRealClosed();
-  double GetRealClosedOpen();
-  double GetRealOpen();
+  double GetRealClosed() { return fWords->NextWord() / 4294967295.0; }
+  double GetRealClosedOpen() { return fWords->NextWord() * kTwoToMinus32; }
+  double GetRealOpen() { return (fWords->NextWord() + 0.5) * kTwoToMinus32; }
 
   /// Uniform on [0, 1) with 53 bits; two words a draw.
   double GetRealRes53();
 
  private:
-  TwisterBlock * fBlock;
+  static constexpr double kTwoToMinus32 = 2.3283064365386963e-10;
+
+  TwisterWords * fWords;
 };
 
 }  // namespace QVMath_940

@@ -50,7 +50,10 @@ class QVCOMMON_API QVURandom {
 
   /// The next uniform number: inside (0, 1) from the twister and the portable generator, in [0, 1]
   /// from `rand`, of which 15 bits are used, and what the user's generator gives.
-  double GetRandom();
+  double GetRandom() {
+    const bool onTwister = fUseTwister && fUserRNG == nullptr;
+    return onTwister ? fTwister->GetRealOpen() : GetRandomElsewhere();
+  }
 
   /// The binary form, 20 bytes little-endian: "QVUR", the seed as a double, the two flags as 32-bit
   /// integers. The result is 20, or 0 for a stream that is bad already.
@@ -71,6 +74,7 @@ class QVCOMMON_API QVURandom {
   void Display() const;
 
  private:
+  double GetRandomElsewhere();
   void TakeWhatWasRead(double seed, bool usePortable, bool useTwister);
 
   unsigned long fSeed;

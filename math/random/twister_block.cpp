@@ -79,6 +79,10 @@ void TwisterBlock::Regenerate() {
   index = 0;
 }
 
+void TwisterWords::Refill() {
+  BlockOf(this).Regenerate();
+}
+
 void TwisterBlock::Temper() {
   for (int k = 0; k < kWords; ++k) {
     std::uint32_t y = state[k];

@@ -116,9 +116,9 @@ void QVURandom::SetUsePortable(bool usePortable) {
   }
 }
 
-double QVURandom::GetRandom() {
+// Every source but the twister.
+double QVURandom::GetRandomElsewhere() {
   if (fUserRNG != nullptr) return fUserRNG->GetRandom();
-  if (fUseTwister) return fTwister->GetRealOpen();
   if (!fUsePortable) {
     constexpr int kFifteenBits = 32767;
     return (std::rand() & kFifteenBits) / 32767.0;

@@ -43,28 +43,27 @@ QVRNGUCongruential::QVRNGUCongruential(const QVRNGUCongruential & other) = defau
 QVRNGUCongruential & QVRNGUCongruential::operator=(const QVRNGUCongruential & other) = default;
 
 void QVRNGUCongruential::SetSeed(double seed) {
-  const double v = std::floor(std::abs(seed));
-  fState = v >= 1.0 ? static_cast<std::uint32_t>(std::min(v, kLargestWholeSeed)) : 1u;
+  fState = CongruentialState(seed);
 }
 
 double QVRNGUCongruential::GetNext() {
   return NextCongruential(fState);
 }
 
-QVRNGUTwister::QVRNGUTwister() : fBlock(new TwisterBlock) {
+QVRNGUTwister::QVRNGUTwister() : fWords(new TwisterBlock) {
 }
 
 QVRNGUTwister::QVRNGUTwister(const QVRNGUTwister & other)
-    : QVRNGenerator(other), fBlock(new TwisterBlock(*other.fBlock)) {
+    : QVRNGenerator(other), fWords(new TwisterBlock(BlockOf(other.fWords))) {
 }
 
 QVRNGUTwister & QVRNGUTwister::operator=(const QVRNGUTwister & other) {
-  *fBlock = *other.fBlock;
+  BlockOf(fWords) = BlockOf(other.fWords);
   return *this;
 }
 
 QVRNGUTwister::~QVRNGUTwister() {
-  delete fBlock;
+  delete &BlockOf(fWords);
 }
 
 void QVRNGUTwister::SetSeed(double seed) {
@@ -72,14 +71,14 @@ void QVRNGUTwister::SetSeed(double seed) {
   if (std::isnan(seed)) seed = 0.0;
   seed = std::clamp(seed, -kLargest, kLargest);
   if (seed >= 0.0 && seed <= kLargestWholeSeed && seed == std::floor(seed)) {
-    fBlock->Initialize(static_cast<std::uint32_t>(seed));
+    BlockOf(fWords).Initialize(static_cast<std::uint32_t>(seed));
   } else {
-    SeedByDigits(seed, *fBlock);
+    SeedByDigits(seed, BlockOf(fWords));
   }
 }
 
 double QVRNGUTwister::GetNext() {
-  return fBlock->NextRes53();
+  return BlockOf(fWords).NextRes53();
 }
 
 }  // namespace QVMath_940

@@ -1,51 +1,36 @@
 /// Where an object-style variate generator takes its uniform numbers from.
 #pragma once
 
-#include <memory>
+#include <cstdint>
 
-#include "QVRNGUCongruential.h"
 #include "QVRNGenerator.h"
+#include "math/random/congruential.h"
 
 namespace QVMath_940 {
 
-/// A caller's generator, or an own one that is made when it is first needed. A copy takes over the
-/// state of an own one and shares the caller's.
+/// A caller's generator, or an own one that is there until a caller's is given: the congruential
+/// generator of `QVRNGUCongruential`, from state 1. A copy takes over the state of an own one and
+/// shares the caller's.
 class UniformSource {
  public:
-  UniformSource() = default;
-  UniformSource(const UniformSource & other) { *this = other; }
+  /// Takes the caller's generator in place of the own one.
+  void Use(QVRNGenerator & generator) { fCallers = &generator; }
 
-  UniformSource & operator=(const UniformSource & other) {
-    if (this == &other) return *this;
-    std::unique_ptr<QVRNGUCongruential> own;
-    if (other.fOwn != nullptr) own = std::make_unique<QVRNGUCongruential>(*other.fOwn);
-    fOwn = std::move(own);
-    fGenerator = fOwn != nullptr ? fOwn.get() : other.fGenerator;
-    return *this;
+  void SetSeed(double seed) {
+    if (fCallers != nullptr)
+      fCallers->SetSeed(seed);
+    else
+      fOwnState = CongruentialState(seed);
   }
-
-  /// Takes the caller's generator and deletes an own one.
-  void Use(QVRNGenerator & generator) {
-    fGenerator = &generator;
-    fOwn.reset();
-  }
-
-  void SetSeed(double seed) { Generator().SetSeed(seed); }
 
   /// The next uniform number.
-  double operator()() { return Generator().GetNext(); }
-
- private:
-  QVRNGenerator & Generator() {
-    if (fGenerator == nullptr) {
-      fOwn = std::make_unique<QVRNGUCongruential>();
-      fGenerator = fOwn.get();
-    }
-    return *fGenerator;
+  double operator()() {
+    return fCallers == nullptr ? NextCongruential(fOwnState) : fCallers->GetNext();
   }
 
-  std::unique_ptr<QVRNGUCongruential> fOwn;
-  QVRNGenerator * fGenerator = nullptr;
+ private:
+  QVRNGenerator * fCallers = nullptr;
+  std::uint32_t fOwnState = 1;
 };
 
 }  // namespace QVMath_940
