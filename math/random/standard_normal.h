@@ -29,7 +29,7 @@ inline double NormalAboveTriangle(double t) {
 /// The steps beyond the triangle, for a first uniform u of 0.884... and more.
 template <typename Uniform>
 [[gnu::noinline]] double NormalOutsideTriangle(double u, Uniform & next) {
-  constexpr double kFailed = std::numeric_limits<double>::lowest();
+  constexpr double kGivenUp = std::numeric_limits<double>::lowest();
   constexpr double kFirstPiece = 0.911312780288703;
   constexpr double kSecondPiece = 0.958720824790463;
   constexpr double kThirdPiece = 0.973310954173898;
@@ -46,7 +46,7 @@ template <typename Uniform>
         return u >= kLowerTail ? -t : t;
       }
     }
-    return kFailed;
+    return kGivenUp;
   }
   for (int round = 0; round < kMostRounds; ++round) {
     const double a = next();
@@ -69,7 +69,7 @@ template <typename Uniform>
     }
     if (accepted) return a >= b ? -t : t;
   }
-  return kFailed;
+  return kGivenUp;
 }
 
 /// One variate; `next()` gives the next uniform number. The missing value from a source with which
