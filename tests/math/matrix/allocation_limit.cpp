@@ -31,6 +31,14 @@ void * operator new(std::size_t bytes, const std::nothrow_t &) noexcept {
   return Allocate(bytes);
 }
 
+void * operator new[](std::size_t bytes) {
+  return operator new(bytes);
+}
+
+void * operator new[](std::size_t bytes, const std::nothrow_t &) noexcept {
+  return Allocate(bytes);
+}
+
 void operator delete(void * memory) noexcept {
   std::free(memory);
 }
@@ -40,5 +48,17 @@ void operator delete(void * memory, std::size_t) noexcept {
 }
 
 void operator delete(void * memory, const std::nothrow_t &) noexcept {
+  std::free(memory);
+}
+
+void operator delete[](void * memory) noexcept {
+  std::free(memory);
+}
+
+void operator delete[](void * memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+void operator delete[](void * memory, const std::nothrow_t &) noexcept {
   std::free(memory);
 }
