@@ -383,7 +383,7 @@ template <typename Lanes>
 inline void DotOneRow(const double * row, const double * v, std::size_t n, double * sum) {
   double s = *sum;
   for (std::size_t j = 0; j < n; ++j) {
-    s = AccumulateScalar<Lanes, kRounding>(row[j], v[j], s);
+    s = Lanes::ScalarFma(row[j], v[j], s);
   }
   *sum = s;
 }
