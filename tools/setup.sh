@@ -8,7 +8,7 @@
 
 packages_build="g++ cmake ninja-build"
 packages_example="libcli11-dev libcsv-dev"
-packages_tests="libgtest-dev libgmock-dev libxml2-utils locales python3"
+packages_tests="libgmock-dev libgtest-dev liblapack-dev libxml2-utils locales python3"
 packages_bench="libarmadillo-dev libbenchmark-dev libboost-math-dev libeigen3-dev libgsl-dev
                 liblapacke-dev libopenblas-dev libpugixml-dev python3 r-mathlib"
 packages_ci="clang-14 clang-format-14 doxygen git pkg-config"

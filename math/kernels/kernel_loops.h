@@ -671,6 +671,97 @@ void RankOne(int n, const double * b, const double * c, double * a) {
   }
 }
 
+template <typename Lanes, Rounding kRounding>
+inline void RankTwoPart(std::size_t n, typename Lanes::Vector minusX, typename Lanes::Vector minusY,
+                        const double * x, const double * y, double * a) {
+  const typename Lanes::Vector first =
+      Accumulate<Lanes, kRounding>(minusX, Lanes::LoadPart(y, n), Lanes::LoadPart(a, n));
+  Lanes::StorePart(a, n, Accumulate<Lanes, kRounding>(minusY, Lanes::LoadPart(x, n), first));
+}
+
+template <typename Lanes, Rounding kRounding>
+void RankTwo(int n, const double * x, const double * y, double * a) {
+  double * row = a;
+  for (int i = 0; i < n; ++i) {
+    const typename Lanes::Vector minusX = Lanes::Spread(-x[i]);
+    const typename Lanes::Vector minusY = Lanes::Spread(-y[i]);
+    const std::size_t length = static_cast<std::size_t>(i) + 1;
+    std::size_t j = 0;
+    for (; j + Lanes::kWidth <= length; j += Lanes::kWidth) {
+      const typename Lanes::Vector first =
+          Accumulate<Lanes, kRounding>(minusX, Lanes::Load(y + j), Lanes::Load(row + j));
+      Lanes::Store(row + j, Accumulate<Lanes, kRounding>(minusY, Lanes::Load(x + j), first));
+    }
+    if (j < length) {
+      RankTwoPart<Lanes, kRounding>(length - j, minusX, minusY, x + j, y + j, row + j);
+    }
+    row += length;
+  }
+}
+
+/// x c + y s, in the rounding of the chain.
+template <typename Lanes, Rounding kRounding>
+inline typename Lanes::Vector Turn(typename Lanes::Vector x, typename Lanes::Vector c,
+                                   typename Lanes::Vector y, typename Lanes::Vector s) {
+  const typename Lanes::Vector second = Lanes::Mul(y, s);
+  return Accumulate<Lanes, kRounding>(x, c, second);
+}
+
+/// One group of columns through the whole chain: the row that the next rotation needs stays in
+/// registers.
+template <typename Lanes, Rounding kRounding>
+inline void RotateColumns(int count, const double * c, const double * s, double * z,
+                          std::ptrdiff_t step) {
+  constexpr int kVectors = 8;
+  typename Lanes::Vector x[kVectors];
+  double * row = z + count * step;
+#pragma GCC unroll 8
+  for (int v = 0; v < kVectors; ++v) {
+    x[v] = Lanes::Load(row + v * static_cast<int>(Lanes::kWidth));
+  }
+  for (int i = count - 1; i >= 0; --i) {
+    double * const below = row - step;
+    const typename Lanes::Vector cosine = Lanes::Spread(c[i]);
+    const typename Lanes::Vector sine = Lanes::Spread(s[i]);
+    const typename Lanes::Vector minusSine = Lanes::Spread(-s[i]);
+#pragma GCC unroll 8
+    for (int v = 0; v < kVectors; ++v) {
+      const int k = v * static_cast<int>(Lanes::kWidth);
+      const typename Lanes::Vector y = Lanes::Load(below + k);
+      Lanes::Store(row + k, Turn<Lanes, kRounding>(x[v], cosine, y, sine));
+      x[v] = Turn<Lanes, kRounding>(y, cosine, x[v], minusSine);
+    }
+    row = below;
+  }
+#pragma GCC unroll 8
+  for (int v = 0; v < kVectors; ++v) {
+    Lanes::Store(row + v * static_cast<int>(Lanes::kWidth), x[v]);
+  }
+}
+
+template <typename Lanes, Rounding kRounding>
+void RotateChain(int count, const double * c, const double * s, double * z, std::ptrdiff_t step,
+                 std::size_t n) {
+  constexpr std::size_t kColumns = 8 * Lanes::kWidth;
+  std::size_t k = 0;
+  for (; k + kColumns <= n; k += kColumns) {
+    RotateColumns<Lanes, kRounding>(count, c, s, z + k, step);
+  }
+  for (; k < n; k += Lanes::kWidth) {
+    const std::size_t part = n - k < Lanes::kWidth ? n - k : Lanes::kWidth;
+    double * row = z + k + count * step;
+    typename Lanes::Vector x = Lanes::LoadPart(row, part);
+    for (int i = count - 1; i >= 0; --i) {
+      const typename Lanes::Vector cosine = Lanes::Spread(c[i]);
+      const typename Lanes::Vector y = Lanes::LoadPart(row - step, part);
+      Lanes::StorePart(row, part, Turn<Lanes, kRounding>(x, cosine, y, Lanes::Spread(s[i])));
+      x = Turn<Lanes, kRounding>(y, cosine, x, Lanes::Spread(-s[i]));
+      row -= step;
+    }
+    Lanes::StorePart(row, part, x);
+  }
+}
+
 /// Row k takes part in nothing; column k takes part with a factor of 0.0 and gets its value at
 /// once.
 template <typename Lanes, Rounding kRounding>
@@ -770,6 +861,10 @@ constexpr KernelTable MakeTable(const char * name) {
           LowerTransposedProduct<Lanes>,
           RankOne<Lanes, Rounding::Fused>,
           RankOne<Lanes, Rounding::Plain>,
+          RankTwo<Lanes, Rounding::Fused>,
+          RankTwo<Lanes, Rounding::Plain>,
+          RotateChain<Lanes, Rounding::Fused>,
+          RotateChain<Lanes, Rounding::Plain>,
           SweepRow<Lanes, Rounding::Fused>,
           SweepRow<Lanes, Rounding::Plain>,
           Scale<Lanes>,

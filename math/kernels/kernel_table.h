@@ -121,6 +121,20 @@ struct KernelTable {
   void (*rankOneFused)(int n, const double * b, const double * c, double * a);
   void (*rankOnePlain)(int n, const double * b, const double * c, double * a);
 
+  /// Packed lower triangle: a(i, j) += -x[i] * y[j], then a(i, j) += -y[i] * x[j], for j at or
+  /// below i, i below n.
+  void (*rankTwoFused)(int n, const double * x, const double * y, double * a);
+  void (*rankTwoPlain)(int n, const double * x, const double * y, double * a);
+
+  /// A chain of plane rotations of neighbouring rows of n elements, `step` apart. For
+  /// i = count - 1 .. 0: with x = z[i + 1][k] and y = z[i][k], z[i + 1][k] becomes x c[i] + y s[i]
+  /// and z[i][k] becomes y c[i] - x s[i]. Fused, the first product of each is: fma(x, c, y * s) and
+  /// fma(y, c, -(x * s)).
+  void (*rotateChainFused)(int count, const double * c, const double * s, double * z,
+                           std::ptrdiff_t step, std::size_t n);
+  void (*rotateChainPlain)(int count, const double * c, const double * s, double * z,
+                           std::ptrdiff_t step, std::size_t n);
+
   /// One sweep of a packed triangle of order n on row k: a(i, j) += b[i] * c[j] outside row and
   /// column k, which become c[0], c[1], .. with `pivot` at (k, k). c[k] must be 0.0.
   void (*sweepRowFused)(int n, int k, const double * b, const double * c, double pivot, double * a);

@@ -113,18 +113,40 @@ class SweepPanel {
 
   /// Copies the columns of the panel's rows, as they stand in the triangle, to the rows of C.
   void GatherColumns(const int * rows, int count) {
+    int highest = 0;
     for (int q = 0; q < count; ++q) {
-      std::copy(Row(rows[q]), Row(rows[q]) + rows[q], C(q));
+      std::copy_n(Row(rows[q]), rows[q], C(q));
+      highest = std::max(highest, rows[q]);
     }
-    for (int group = 0; group < fN; group += kTileRows) {
-      const int groupEnd = std::min(group + kTileRows, fN);
+    const int whole = FirstWholeGroup(highest);
+    for (int q = 0; q < count; ++q) {
+      for (int i = rows[q] + 1; i < whole; ++i) {
+        C(q)[i] = Row(i)[rows[q]];
+      }
+    }
+    for (int group = whole; group < fN; group += kTileRows) {
+      double * row[kTileRows];
+      const int height = PointToRows(group, row);
       for (int q = 0; q < count; ++q) {
-        double * const c = C(q);
-        for (int i = std::max(group, rows[q] + 1); i < groupEnd; ++i) {
-          c[i] = Row(i)[rows[q]];
+        double * const c = C(q) + group;
+        for (int r = 0; r < height; ++r) {
+          c[r] = row[r][rows[q]];
         }
       }
     }
+  }
+
+  /// The first of the groups of kTileRows rows that lie below row `highest` as a whole.
+  int FirstWholeGroup(int highest) const {
+    return std::min((highest / kTileRows + 1) * kTileRows, fN);
+  }
+
+  int PointToRows(int group, double ** row) {
+    const int height = std::min(kTileRows, fN - group);
+    for (int r = 0; r < height; ++r) {
+      row[r] = Row(group + r);
+    }
+    return height;
   }
 
   /// Brings the pivot's column up to date, tests the pivot, and remembers its two vectors. The
@@ -371,28 +393,33 @@ class SweepPanel {
     }
   }
 
-  /// Writes them back. Where two pivots meet, the later one's value stands.
+  /// Writes them back. Where two pivots meet, the later one's value stands: the rows are written in
+  /// the order of the pivots, and then the columns where the row is no later pivot.
   void ScatterPivotColumns() {
+    int highest = 0;
     for (int t = 0; t < fAccepted; ++t) {
       const int k = fPivots[At(t)];
-      double * const row = Row(k);
-      const double * const c = C(t);
-      for (int j = 0; j < k; ++j) {
-        if (fPlaceInPanel[At(j)] <= t) {
-          row[j] = c[j];
+      std::copy_n(C(t), k, Row(k));
+      Row(k)[k] = fDiagonal[At(k)];
+      highest = std::max(highest, k);
+    }
+    const int whole = FirstWholeGroup(highest);
+    for (int t = 0; t < fAccepted; ++t) {
+      const int k = fPivots[At(t)];
+      for (int i = k + 1; i < whole; ++i) {
+        if (fPlaceInPanel[At(i)] < t) {
+          Row(i)[k] = C(t)[i];
         }
       }
-      row[k] = fDiagonal[At(k)];
     }
-    for (int group = 0; group < fN; group += kTileRows) {
-      const int groupEnd = std::min(group + kTileRows, fN);
+    for (int group = whole; group < fN; group += kTileRows) {
+      double * row[kTileRows];
+      const int height = PointToRows(group, row);
       for (int t = 0; t < fAccepted; ++t) {
         const int k = fPivots[At(t)];
-        const double * const c = C(t);
-        for (int i = std::max(group, k + 1); i < groupEnd; ++i) {
-          if (fPlaceInPanel[At(i)] < t) {
-            Row(i)[k] = c[i];
-          }
+        const double * const c = C(t) + group;
+        for (int r = 0; r < height; ++r) {
+          row[r][k] = c[r];
         }
       }
     }

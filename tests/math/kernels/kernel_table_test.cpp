@@ -130,10 +130,10 @@ TEST_P(KernelTest, DotRowsKeepsTheOrderOfEachSum) {
       const auto v = Random(n + 1);
       auto sum = Random(static_cast<std::size_t>(rows));
       auto wanted = sum;
-      for (int r = 0; r < rows; ++r) {
+      for (std::size_t r = 0; r < static_cast<std::size_t>(rows); ++r) {
         for (std::size_t j = 0; j < n; ++j) {
-          double & s = wanted[static_cast<std::size_t>(r)];
-          s = std::fma(x[static_cast<std::size_t>(r) * n + j], v[j], s);
+          double & s = wanted[r];
+          s = std::fma(x[r * n + j], v[j], s);
         }
       }
       GetParam()->dotRowsFused(rows, {x.data(), static_cast<std::ptrdiff_t>(n), 0}, v.data(), n,
@@ -273,6 +273,54 @@ TEST_P(KernelTest, SweepRowUpdatesAllButItsOwnRowAndColumn) {
         (fused ? GetParam()->sweepRowFused : GetParam()->sweepRowPlain)(n, k, b.data(), c.data(),
                                                                         -5.0, a.data());
         ExpectSameBits(wanted, a);
+      }
+    }
+  }
+}
+
+TEST_P(KernelTest, RankTwoSubtractsBothProductsInTurn) {
+  for (const int n : {0, 1, 2, 3, 7, 33, 64, 129}) {
+    for (const bool fused : {true, false}) {
+      const auto x = Random(static_cast<std::size_t>(n) + 1);
+      const auto y = Random(static_cast<std::size_t>(n) + 1);
+      auto a = Random(PackedRow(n) + 8);
+      auto wanted = a;
+      for (std::size_t i = 0; i < static_cast<std::size_t>(n); ++i) {
+        for (std::size_t j = 0; j <= i; ++j) {
+          double & e = wanted[PackedRow(static_cast<int>(i)) + j];
+          e = fused ? std::fma(-x[i], y[j], e) : e + -x[i] * y[j];
+          e = fused ? std::fma(-y[i], x[j], e) : e + -y[i] * x[j];
+        }
+      }
+      (fused ? GetParam()->rankTwoFused : GetParam()->rankTwoPlain)(n, x.data(), y.data(),
+                                                                    a.data());
+      ExpectSameBits(wanted, a);
+    }
+  }
+}
+
+TEST_P(KernelTest, RotateChainTurnsNeighboursFromTheLastPairDown) {
+  for (const std::size_t n : kLengths) {
+    for (const int count : {0, 1, 5}) {
+      for (const bool fused : {true, false}) {
+        const std::size_t step = n + 3;
+        const auto c = Random(6);
+        const auto s = Random(6);
+        auto z = Random(6 * step);
+        auto wanted = z;
+        for (std::size_t i = static_cast<std::size_t>(count); i-- > 0;) {
+          for (std::size_t k = 0; k < n; ++k) {
+            double & upper = wanted[(i + 1) * step + k];
+            double & lower = wanted[i * step + k];
+            const double x = upper;
+            const double y = lower;
+            upper = fused ? std::fma(x, c[i], y * s[i]) : x * c[i] + y * s[i];
+            lower = fused ? std::fma(y, c[i], -(x * s[i])) : y * c[i] - x * s[i];
+          }
+        }
+        (fused ? GetParam()->rotateChainFused : GetParam()->rotateChainPlain)(
+            count, c.data(), s.data(), z.data(), static_cast<std::ptrdiff_t>(step), n);
+        ExpectSameBits(wanted, z);
       }
     }
   }
