@@ -76,7 +76,6 @@ class QVCOMMON_API QVHistogramData {
   double fMin = -1.0;
   double fMax = 1.0;
   bool fComputeMoment = false;
-  bool fMinEqualsMax = false;
   double fSumWeights = 0.0;      // W, the sum of f r
   double fSumFreqWeights = 0.0;  // the sum of f
   double fNCases = 0.0;          // unweighted

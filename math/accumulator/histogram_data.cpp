@@ -32,8 +32,7 @@ QVHistogramData::QVHistogramData(int nBins, double min, double max, bool compute
     : fNBins(nBins < 1 || max < min ? 1 : nBins),
       fMin(min),
       fMax(max),
-      fComputeMoment(computeMoment),
-      fMinEqualsMax(min == max) {
+      fComputeMoment(computeMoment) {
   if (max > min && fNBins > 1) fBinLength = (max - min) / fNBins;
   const std::size_t count = static_cast<std::size_t>(fNBins);
   fBinMeans.assign(count, QVMV::Missing());
