@@ -7,6 +7,7 @@
 #include "QVSparseRectMatrix.h"
 #include "math/kernels/kernel_table.h"
 #include "math/kernels/packed_update.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/structured/sparse_rows.h"
 #include "math/matrix/symmetric/product_target.h"
 
@@ -57,25 +58,6 @@ void SparseRTransS(const DiagonalBlocks & s, const QVSparseRectMatrix & r, doubl
 
 // --- R S R-transpose ----------------------------------------------------------------------------
 // Row by row: with y = S r_i, element (i, j) is the sum over k of r_jk y_k.
-
-void DenseRSRTrans(const DiagonalBlocks & s, const QVRectMatrix & r, double * out) {
-  const int n = s.NRows();
-  if (n < 1) return;
-  std::vector<double> y(At(n));
-  for (int i = 0; i < r.GetNRows(); ++i) {
-    MultiplySV(s, r.GetRowPtr(i), y.data());
-    double * const row = out + QVSymMatrix::RowStart(i);
-    if (n >= kernels::kFusedOrder) {
-      kernels::Kernels().dotRowsFused(i + 1, {r.GetRowPtr(0), n, 0}, y.data(), At(n), row);
-      continue;
-    }
-    for (int j = 0; j <= i; ++j) {
-      const double * const rowJ = r.GetRowPtr(j);
-      for (int k = 0; k < n; ++k)
-        row[j] += rowJ[k] * y[At(k)];
-    }
-  }
-}
 
 void SparseRSRTrans(const DiagonalBlocks & s, const QVSparseRectMatrix & r, double * out) {
   std::vector<double> y(At(s.NRows()), 0.0);
@@ -192,31 +174,58 @@ void SparseRTransSR(const DiagonalBlocks & s, const QVSparseRectMatrix & r, doub
 }  // namespace
 
 bool MultiplyRS(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVRectMatrix & out) {
-  QVRectMatrix * const dense = AsDense(out);
-  if (dense == nullptr || s.NRows() < 0 || !r.IsValidMatrix() || r.GetNCols() != s.NRows())
-    return false;
-  RectTarget target(*dense, r.GetNRows(), s.NRows(), &r == &out);
-  if (!target.IsReady()) return false;
+  if (s.NRows() < 0 || !r.IsValidMatrix() || r.GetNCols() != s.NRows()) return false;
+  DenseTarget target(out, {&r});
+  if (!target.Shape(r.GetNRows(), s.NRows())) return false;
   if (const QVSparseRectMatrix * sparse = AsSparse(r)) {
-    SparseRS(s, *sparse, target.Elements());
+    SparseRS(s, *sparse, target.Data());
   } else {
-    DenseRS(s, static_cast<const QVRectMatrix &>(r), target.Elements());
+    DenseRS(s, static_cast<const QVRectMatrix &>(r), target.Data());
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool MultiplyRTransS(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVRectMatrix & out) {
-  QVRectMatrix * const dense = AsDense(out);
-  if (dense == nullptr || s.NRows() < 0 || !r.IsValidMatrix() || r.GetNRows() != s.NRows())
-    return false;
-  RectTarget target(*dense, r.GetNCols(), s.NRows(), &r == &out);
-  if (!target.IsReady()) return false;
+  if (s.NRows() < 0 || !r.IsValidMatrix() || r.GetNRows() != s.NRows()) return false;
+  DenseTarget target(out, {&r});
+  if (!target.Shape(r.GetNCols(), s.NRows())) return false;
   if (const QVSparseRectMatrix * sparse = AsSparse(r)) {
-    SparseRTransS(s, *sparse, target.Elements());
+    SparseRTransS(s, *sparse, target.Data());
   } else {
-    DenseRTransS(s, static_cast<const QVRectMatrix &>(r), target.Elements());
+    DenseRTransS(s, static_cast<const QVRectMatrix &>(r), target.Data());
   }
-  return target.Finish();
+  return target.Deliver();
+}
+
+bool MultiplySR(const DiagonalBlocks & s, const QVRectMatrix & r, IQVRectMatrix & out) {
+  if (s.NRows() < 0 || !r.IsValidMatrix() || r.GetNRows() != s.NRows()) return false;
+  DenseTarget target(out, {&r});
+  if (!target.Shape(r.GetNRows(), r.GetNCols())) return false;
+  for (int b = 0; b < s.Count() && r.GetNCols() > 0; ++b) {
+    const DiagonalBlock block = s[b];
+    for (int i = block.start; i < block.End(); ++i)
+      for (int k = block.FirstInRow(i); k < block.EndOfRow(i); ++k)
+        kernels::Kernels().axpyPlain(At(r.GetNCols()), block.Elem(i, k), r.GetRowPtr(k),
+                                     target.Row(i));
+  }
+  return target.Deliver();
+}
+
+void MultiplyRSRTrans(const DiagonalBlocks & s, const double * r, int rows, double * out) {
+  const std::ptrdiff_t n = s.NRows();
+  if (n < 1) return;
+  std::vector<double> y(At(s.NRows()));
+  for (int i = 0; i < rows; ++i) {
+    MultiplySV(s, r + i * n, y.data());
+    double * const row = out + QVSymMatrix::RowStart(i);
+    if (n >= kernels::kFusedOrder) {
+      kernels::Kernels().dotRowsFused(i + 1, {r, n, 0}, y.data(), y.size(), row);
+      continue;
+    }
+    for (int j = 0; j <= i; ++j)
+      for (std::size_t k = 0; k < y.size(); ++k)
+        row[j] += r[j * n + static_cast<std::ptrdiff_t>(k)] * y[k];
+  }
 }
 
 bool MultiplyRSRTrans(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVSymMatrix & out,
@@ -229,7 +238,8 @@ bool MultiplyRSRTrans(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVSymM
   if (const QVSparseRectMatrix * sparse = AsSparse(r)) {
     SparseRSRTrans(s, *sparse, target.Elements());
   } else {
-    DenseRSRTrans(s, static_cast<const QVRectMatrix &>(r), target.Elements());
+    MultiplyRSRTrans(s, static_cast<const QVRectMatrix &>(r).AsVector().data(), r.GetNRows(),
+                     target.Elements());
   }
   return target.Finish();
 }

@@ -14,6 +14,7 @@ namespace QVMath_940 {
 
 class IQVRectMatrix;
 class IQVSymMatrix;
+class QVRectMatrix;
 
 /// out = R S.
 bool MultiplyRS(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVRectMatrix & out);
@@ -21,9 +22,15 @@ bool MultiplyRS(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVRectMatrix
 /// out = R-transpose S.
 bool MultiplyRTransS(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVRectMatrix & out);
 
+/// out = S R, R being dense.
+bool MultiplySR(const DiagonalBlocks & s, const QVRectMatrix & r, IQVRectMatrix & out);
+
 /// out = R S R-transpose; `isOperand` says that `out` is S.
 bool MultiplyRSRTrans(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVSymMatrix & out,
                       bool isOperand = false);
+
+/// The same with the rows of R, of the order of S, at `r`; out is a packed triangle, 0.0 on entry.
+void MultiplyRSRTrans(const DiagonalBlocks & s, const double * r, int rows, double * out);
 
 /// out = R-transpose S R; `isOperand` says that `out` is S.
 bool MultiplyRTransSR(const DiagonalBlocks & s, const IQVRectMatrix & r, IQVSymMatrix & out,

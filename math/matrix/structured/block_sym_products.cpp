@@ -64,20 +64,76 @@ void MultiplyMSN(const DiagonalBlocks & s, const PackedView & m, const PackedVie
   }
 }
 
-void MultiplySWS(const DiagonalBlocks & s, const PackedView & w, double * out) {
-  std::vector<double> row(At(w.n)), y(At(w.n)), z(At(w.n));
-  for (int i = 0; i < w.n; ++i) {
-    // y = row i of S W, from the rows of W that S's row i reaches.
-    const DiagonalBlock block = s.OfRow(i);
-    std::fill(y.begin(), y.end(), 0.0);
-    for (int k = block.isDiagonal ? i : block.start; k < (block.isDiagonal ? i + 1 : block.End());
-         ++k) {
-      CopySymmetricRow(w, k, 0, w.n, row.data());
-      AddWalk(w.isFused, w.n, block.Elem(i, k), Along(row.data()), y.data());
-    }
-    MultiplySV(s, y.data(), z.data());
-    out = std::copy_n(z.begin(), i + 1, out);
+namespace {
+
+// What stands on the two sides of W: S itself, L, or L-transpose.
+enum class Side { Symmetric, Lower, LowerTransposed };
+
+// The rows k of W that row i of A W needs, all inside i's block.
+template <Side kSide>
+int FirstNeeded(const DiagonalBlock & a, int i) {
+  return kSide == Side::LowerTransposed ? i : a.FirstInRow(i);
+}
+template <Side kSide>
+int EndNeeded(const DiagonalBlock & a, int i) {
+  return kSide == Side::Lower ? i + 1 : a.EndOfRow(i);
+}
+
+// Element i of A y: the sum over the needed places k of A_ik y_k.
+template <Side kSide>
+double DotSide(const DiagonalBlock & a, bool isFused, int i, const double * y) {
+  const int r = i - a.start;
+  if (a.isDiagonal) return a.elements[r] * y[i];
+  const PackedView view{a.elements, a.size, isFused};
+  if constexpr (kSide == Side::Symmetric) {
+    return DotRow(view, r, 0, a.size, Along(y + a.start));
+  } else if constexpr (kSide == Side::Lower) {
+    return DotWalks(isFused, r + 1, Along(view.Row(r)), Along(y + a.start), 0.0);
+  } else {
+    return DotWalks(isFused, a.size - r, view.Column(r, r), Along(y + i), 0.0);
   }
+}
+
+// out = A W A-transpose, some rows of it at a time: row i of A W from the rows of W that it needs,
+// then its products with the rows of A.
+template <Side kSide>
+void MultiplyAround(const DiagonalBlocks & a, const PackedView & w, double * out) {
+  constexpr int kRowsAtATime = 16;
+  std::vector<double> row(At(w.n));
+  std::vector<double> product(At(kRowsAtATime) * At(w.n));
+  for (int b = 0; b < a.Count(); ++b) {
+    const DiagonalBlock block = a[b];
+    for (int first = block.start; first < block.End(); first += kRowsAtATime) {
+      const int last = std::min(first + kRowsAtATime, block.End()) - 1;
+      std::fill(product.begin(), product.end(), 0.0);
+      for (int k = FirstNeeded<kSide>(block, first); k < EndNeeded<kSide>(block, last); ++k) {
+        CopySymmetricRow(w, k, 0, w.n, row.data());
+        for (int i = first; i <= last; ++i)
+          if (k >= FirstNeeded<kSide>(block, i) && k < EndNeeded<kSide>(block, i))
+            AddWalk(w.isFused, w.n, block.Elem(i, k), Along(row.data()),
+                    product.data() + At(i - first) * At(w.n));
+      }
+      for (int i = first; i <= last; ++i) {
+        const double * const y = product.data() + At(i - first) * At(w.n);
+        for (int j = 0; j <= i; ++j)
+          *out++ = DotSide<kSide>(a.OfRow(j), w.isFused, j, y);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+void MultiplySWS(const DiagonalBlocks & s, const PackedView & w, double * out) {
+  MultiplyAround<Side::Symmetric>(s, w, out);
+}
+
+void MultiplyLWLTrans(const DiagonalBlocks & l, const PackedView & w, double * out) {
+  MultiplyAround<Side::Lower>(l, w, out);
+}
+
+void MultiplyLTransWL(const DiagonalBlocks & l, const PackedView & w, double * out) {
+  MultiplyAround<Side::LowerTransposed>(l, w, out);
 }
 
 // --- Numbers ------------------------------------------------------------------------------------

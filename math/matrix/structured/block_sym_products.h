@@ -1,6 +1,6 @@
-/// Products of a matrix S of diagonal blocks with dense symmetric ones, into a dense result.
+/// Products of a matrix of diagonal blocks with dense symmetric ones, into a dense result.
 ///
-/// Results are made row by row: a row of the outer matrix times S touches the blocks alone. `out`
+/// Results are made row by row, and touch the blocks alone. `out`
 /// is a packed triangle of order n, all 0.0 on entry, and none of the operands.
 #pragma once
 
@@ -21,8 +21,11 @@ void MultiplyLTransSL(const DiagonalBlocks & s, const PackedView & l, double * o
 void MultiplyMSN(const DiagonalBlocks & s, const PackedView & m, const PackedView & n,
                  double * out);
 
-/// out = S W S.
+/// out = S W S, L W L-transpose, L-transpose W L with a dense W in the middle, which may be a block
+/// of a larger triangle; the lower triangles of the blocks are L. W decides about fusing.
 void MultiplySWS(const DiagonalBlocks & s, const PackedView & w, double * out);
+void MultiplyLWLTrans(const DiagonalBlocks & l, const PackedView & w, double * out);
+void MultiplyLTransWL(const DiagonalBlocks & l, const PackedView & w, double * out);
 
 /// Element (i, j) of S T by rows i and j, whatever their blocks: the sum over k of s_ik t_jk.
 double DotRows(const DiagonalBlocks & s, int i, const DiagonalBlocks & t, int j);

@@ -42,14 +42,15 @@ void SmallLTransV(const double * a, int n, const double * v, double * out) {
 
 }  // namespace
 
-DiagonalBlocks::DiagonalBlocks(const IQVSymMatrix & s) : fNRows(s.GetNRows()), fCount(1) {
+DiagonalBlocks::DiagonalBlocks(const IQVSymMatrix & s, int copies)
+    : fOrder(s.GetNRows()), fCopies(copies), fCount(1) {
   switch (s.GetType()) {
     case SymMatrixDense:
-      fSingle = {0, std::max(fNRows, 0), false,
+      fSingle = {0, std::max(fOrder, 0), false,
                  static_cast<const QVSymMatrix &>(s).AsVector().data()};
       break;
     case SymMatrixDiagonal:
-      fSingle = {0, std::max(fNRows, 0), true,
+      fSingle = {0, std::max(fOrder, 0), true,
                  static_cast<const QVDiagMatrix &>(s).AsVector().data()};
       break;
     case SymMatrixBlockDiagonal:

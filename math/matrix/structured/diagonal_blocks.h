@@ -23,6 +23,10 @@ struct DiagonalBlock {
 
   int End() const { return start + size; }
 
+  /// The columns that row i stores: from FirstInRow(i) to EndOfRow(i) - 1.
+  int FirstInRow(int i) const { return isDiagonal ? i : start; }
+  int EndOfRow(int i) const { return isDiagonal ? i + 1 : start + size; }
+
   /// Element (i, j), both counted in the whole matrix and inside the block.
   double Elem(int i, int j) const {
     if (isDiagonal) return i == j ? elements[i - start] : 0.0;
@@ -35,14 +39,25 @@ struct DiagonalBlock {
 
 class DiagonalBlocks {
  public:
-  explicit DiagonalBlocks(const IQVSymMatrix & s);
+  /// The blocks of s, `copies` times one after another; the whole order must be an int.
+  explicit DiagonalBlocks(const IQVSymMatrix & s, int copies = 1);
 
   /// The order; -1 for an invalid matrix.
-  int NRows() const { return fNRows; }
+  int NRows() const { return fCopies * fOrder; }
 
-  int Count() const { return fCount; }
+  int Count() const { return fCopies * fCount; }
 
   DiagonalBlock operator[](int b) const {
+    return fCopies == 1 ? Own(b) : Moved(Own(b % fCount), b / fCount);
+  }
+
+  /// The block that row i stands in.
+  DiagonalBlock OfRow(int i) const {
+    return fCopies == 1 ? OwnOfRow(i) : Moved(OwnOfRow(i % fOrder), i / fOrder);
+  }
+
+ private:
+  DiagonalBlock Own(int b) const {
     if (fBlocks == nullptr) return fSingle;
     const std::size_t place = static_cast<std::size_t>(b);
     const bool isDiagonal = fBlocks->fIsDiagonal.IsIn(b);
@@ -51,14 +66,16 @@ class DiagonalBlocks {
             isDiagonal ? fBlocks->fDiagBlocks[index].data()
                        : fBlocks->fDenseBlocks[index].AsVector().data()};
   }
-
-  /// The block that row i stands in.
-  DiagonalBlock OfRow(int i) const {
-    return fBlocks == nullptr ? fSingle : (*this)[fBlocks->fRowBlocks[static_cast<std::size_t>(i)]];
+  DiagonalBlock OwnOfRow(int i) const {
+    return fBlocks == nullptr ? fSingle : Own(fBlocks->fRowBlocks[static_cast<std::size_t>(i)]);
+  }
+  DiagonalBlock Moved(DiagonalBlock block, int copy) const {
+    block.start += copy * fOrder;
+    return block;
   }
 
- private:
-  int fNRows;
+  int fOrder;
+  int fCopies;
   int fCount;
   DiagonalBlock fSingle{};
   const QVSymBlockDiagMatrix * fBlocks = nullptr;

@@ -5,6 +5,7 @@
 #include "QVMV.h"
 #include "QVRectMatrix.h"
 #include "QVSymBlockDiagMatrix.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/structured/block_sym_products.h"
 #include "math/matrix/structured/class_casts.h"
 #include "math/matrix/symmetric/product_target.h"
@@ -99,16 +100,15 @@ void QVSymBlockDiagMatrix::ComputeSTransS(IQVSymMatrix & out) const {
 }
 
 bool QVSymBlockDiagMatrix::ComputeSS(const IQVSymMatrix & t, IQVRectMatrix & out) const {
-  QVRectMatrix * const dense = AsDense(out);
-  if (dense == nullptr || fNRows < 0 || t.GetNRows() != fNRows) return false;
-  RectTarget target(*dense, fNRows, fNRows, false);
-  if (!target.IsReady()) return false;
+  if (fNRows < 0 || t.GetNRows() != fNRows) return false;
+  DenseTarget target(out, {});
+  if (!target.Shape(fNRows, fNRows)) return false;
   const DiagonalBlocks other(t);
-  double * row = target.Elements();
+  double * row = target.Data();
   for (int i = 0; i < fNRows; ++i, row += fNRows)
     for (int k = GetIndexFirstInRow(i); k < GetIndexEndOfRow(i); ++k)
       AddRowOf(other.OfRow(k), k, GetElem(i, k), row);
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool QVSymBlockDiagMatrix::ComputeAXpY(double a, const IQVSymMatrix & x) {

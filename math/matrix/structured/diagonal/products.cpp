@@ -6,7 +6,7 @@
 #include "QVMV.h"
 #include "QVRectMatrix.h"
 #include "math/matrix/structured/block_rect_products.h"
-#include "math/matrix/symmetric/product_target.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/symmetric/sparse_entries.h"
 
 namespace QVMath_940 {
@@ -157,16 +157,16 @@ bool QVDiagMatrix::ComputeLTransR(const QVRectMatrix & r, QVRectMatrix & out, in
   if (copies < 1 || fNRows < 0 || !r.IsValidMatrix()) return false;
   if (r.GetNRows() != static_cast<long long>(copies) * fNRows) return false;
   const int cols = r.GetNCols();
-  RectTarget target(out, r.GetNRows(), cols, &r == &out);
-  if (!target.IsReady()) return false;
-  double * to = target.Elements();
+  DenseTarget target(out, {&r});
+  if (!target.Shape(r.GetNRows(), cols)) return false;
+  double * to = target.Data();
   for (int i = 0; i < r.GetNRows() && cols > 0; ++i) {
     const double d = fDiagonal[At(i % fNRows)];
     const double * const row = r.GetRowPtr(i);
     for (int j = 0; j < cols; ++j)
       *to++ = d * row[j];
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 }  // namespace QVMath_940

@@ -8,6 +8,7 @@
 #include "QVDiagMatrix.h"
 #include "QVMV.h"
 #include "QVRectMatrix.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/structured/block_sym_products.h"
 #include "math/matrix/structured/class_casts.h"
 #include "math/matrix/symmetric/product_target.h"
@@ -84,17 +85,16 @@ void QVDiagMatrix::ComputeSTransS(IQVSymMatrix & out) const {
 }
 
 bool QVDiagMatrix::ComputeSS(const IQVSymMatrix & t, IQVRectMatrix & out) const {
-  QVRectMatrix * const dense = AsDense(out);
-  if (dense == nullptr || fNRows < 0 || t.GetNRows() != fNRows) return false;
-  RectTarget target(*dense, fNRows, fNRows, false);
-  if (!target.IsReady()) return false;
-  double * const elements = target.Elements();
+  if (fNRows < 0 || t.GetNRows() != fNRows) return false;
+  DenseTarget target(out, {});
+  if (!target.Shape(fNRows, fNRows)) return false;
+  double * const elements = target.Data();
   ForEachStored(DiagonalBlocks(t), [&](int i, int j, const DiagonalBlock & block) {
     const double element = block.Elem(i, j);
     elements[At(i) * Size() + At(j)] = fDiagonal[At(i)] * element;
     elements[At(j) * Size() + At(i)] = fDiagonal[At(j)] * element;
   });
-  return target.Finish();
+  return target.Deliver();
 }
 
 bool QVDiagMatrix::ComputeAXpY(double a, const IQVSymMatrix & x) {

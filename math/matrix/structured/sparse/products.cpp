@@ -4,8 +4,8 @@
 
 #include "QVSparseRectMatrix.h"
 #include "math/kernels/kernel_table.h"
+#include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/structured/sparse/sparse_result.h"
-#include "math/matrix/symmetric/product_target.h"
 
 namespace QVMath_940 {
 
@@ -62,17 +62,17 @@ class SparseSums {
 };
 
 // A dense B and a dense target: whole rows of B are added.
-bool MultiplyDense(const QVSparseRectMatrix & r, const QVRectMatrix & b, QVRectMatrix & out) {
-  RectTarget target(out, r.GetNRows(), b.GetNCols(), &b == &out);
-  if (!target.IsReady()) return false;
+bool MultiplyDense(const QVSparseRectMatrix & r, const QVRectMatrix & b, IQVRectMatrix & out) {
+  DenseTarget target(out, {&b});
+  if (!target.Shape(r.GetNRows(), b.GetNCols())) return false;
   const std::size_t columns = At(b.GetNCols());
-  double * row = target.Elements();
+  double * row = target.Data();
   for (int i = 0; i < r.GetNRows() && columns > 0; ++i, row += columns) {
     const RowCells cells = CellsOf(r, i);
     for (int p = 0; p < cells.count; ++p)
       kernels::Kernels().axpyPlain(columns, cells.values[p], b.GetRowPtr(cells.columns[p]), row);
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 }  // namespace
@@ -82,8 +82,8 @@ bool MultiplyDense(const QVSparseRectMatrix & r, const QVRectMatrix & b, QVRectM
 bool QVSparseRectMatrix::ComputeMatrixProduct(const IQVRectMatrix & b, IQVRectMatrix & out) const {
   if (!IsValidMatrix() || !b.IsValidMatrix() || b.GetNRows() != fNCols) return false;
   const QVSparseRectMatrix * const sparse = AsSparse(b);
-  if (sparse == nullptr && AsDense(out) != nullptr)
-    return MultiplyDense(*this, static_cast<const QVRectMatrix &>(b), *AsDense(out));
+  if (sparse == nullptr && AsSparse(out) == nullptr)
+    return MultiplyDense(*this, static_cast<const QVRectMatrix &>(b), out);
   SparseResult result(out, fNRows, b.GetNCols());
   if (!result.IsReady()) return false;
   SparseSums sums(b.GetNCols());
@@ -107,10 +107,10 @@ bool QVSparseRectMatrix::ComputeMatrixProduct(const IQVRectMatrix & b, IQVRectMa
 bool QVSparseRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix & b,
                                                    QVRectMatrix & out) const {
   if (!IsValidMatrix() || !b.IsValidMatrix() || b.GetNCols() != fNCols) return false;
-  RectTarget target(out, fNRows, b.GetNRows(), &b == &out);
-  if (!target.IsReady()) return false;
+  DenseTarget target(out, {&b});
+  if (!target.Shape(fNRows, b.GetNRows())) return false;
   const QVSparseRectMatrix * const sparse = AsSparse(b);
-  double * element = target.Elements();
+  double * element = target.Data();
   for (int i = 0; i < fNRows; ++i) {
     const RowCells cells = CellsOf(*this, i);
     for (int j = 0; j < b.GetNRows(); ++j, ++element) {
@@ -123,7 +123,7 @@ bool QVSparseRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix & b,
         *element += cells.values[p] * row[cells.columns[p]];
     }
   }
-  return target.Finish();
+  return target.Deliver();
 }
 
 // --- With vectors -------------------------------------------------------------------------------
