@@ -70,7 +70,7 @@ void SparseRSRTrans(const DiagonalBlocks & s, const QVSparseRectMatrix & r, doub
       const RowCells other = CellsOf(r, j);
       double sum = 0.0;
       for (int q = 0; q < other.count; ++q)
-        sum += other.values[q] * y[At(other.columns[q])];
+        sum = AddProduct(s.IsFused(), other.values[q], y[At(other.columns[q])], sum);
       row[j] = sum;
     }
     for (int p = 0; p < cells.count; ++p) {
@@ -265,7 +265,17 @@ bool MultiplyRTransSV(const DiagonalBlocks & s, const IQVRectMatrix & r,
     return false;
   std::vector<double> product(v.size());
   MultiplySV(s, v.data(), product.data());
-  return r.ComputeVR(product, out);
+  const QVSparseRectMatrix * const sparse = AsSparse(r);
+  if (sparse == nullptr) return r.ComputeVR(product, out);
+  out.assign(At(r.GetNCols()), 0.0);
+  for (int i = 0; i < s.NRows(); ++i) {
+    const RowCells cells = CellsOf(*sparse, i);
+    for (int p = 0; p < cells.count; ++p) {
+      double & sum = out[At(cells.columns[p])];
+      sum = AddProduct(s.IsFused(), product[At(i)], cells.values[p], sum);
+    }
+  }
+  return true;
 }
 
 double RowQuadraticForm(const DiagonalBlocks & s, const IQVRectMatrix & r, int k) {

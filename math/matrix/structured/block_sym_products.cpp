@@ -94,8 +94,9 @@ double DotSide(const DiagonalBlock & a, bool isFused, int i, const double * y) {
   }
 }
 
-// out = A W A-transpose, some rows of it at a time: row i of A W from the rows of W that it needs,
-// then its products with the rows of A.
+// out = A W A-transpose, some rows of it at a time: row i of T = A W from the rows of W that it
+// needs, then its products with the rows of A. Element (i, j) of the triangle is the sum over k of
+// T_ik A_jk for a symmetric A and of A_ik T_jk for a triangular one, as the dense products have it.
 template <Side kSide>
 void MultiplyAround(const DiagonalBlocks & a, const PackedView & w, double * out) {
   constexpr int kRowsAtATime = 16;
@@ -115,8 +116,13 @@ void MultiplyAround(const DiagonalBlocks & a, const PackedView & w, double * out
       }
       for (int i = first; i <= last; ++i) {
         const double * const y = product.data() + At(i - first) * At(w.n);
-        for (int j = 0; j <= i; ++j)
-          *out++ = DotSide<kSide>(a.OfRow(j), w.isFused, j, y);
+        if constexpr (kSide == Side::Symmetric) {
+          for (int j = 0; j <= i; ++j)
+            out[QVSymMatrix::PackedPosition(i, j)] = DotSide<kSide>(a.OfRow(j), w.isFused, j, y);
+        } else {
+          for (int j = i; j < w.n; ++j)
+            out[QVSymMatrix::PackedPosition(j, i)] = DotSide<kSide>(a.OfRow(j), w.isFused, j, y);
+        }
       }
     }
   }

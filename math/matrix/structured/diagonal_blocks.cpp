@@ -106,14 +106,9 @@ void AddRowOf(const DiagonalBlock & s, int i, double w, double * out) {
     out[r] += w * s.elements[r];
     return;
   }
-  const double * const row = s.elements + QVSymMatrix::RowStart(r);
-  for (int j = 0; j <= r; ++j)
-    out[j] += w * row[j];
-  const double * element = row + 2 * r + 1;  // (r + 1, r)
-  for (int j = r + 1; j < s.size; ++j) {
-    out[j] += w * *element;
-    element += j + 1;
-  }
+  const PackedView view = s.View();
+  AddWalk(view.isFused, r + 1, w, Along(view.Row(r)), out);
+  if (r + 1 < s.size) AddWalk(view.isFused, s.size - r - 1, w, view.Column(r + 1, r), out + r + 1);
 }
 
 double DotRowOf(const DiagonalBlock & s, int i, int from, int to, const double * v) {

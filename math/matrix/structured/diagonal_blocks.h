@@ -47,6 +47,11 @@ class DiagonalBlocks {
 
   int Count() const { return fCopies * fCount; }
 
+  /// True for one dense block of an order that fuses.
+  bool IsFused() const {
+    return fBlocks == nullptr && !fSingle.isDiagonal && fOrder >= kernels::kFusedOrder;
+  }
+
   DiagonalBlock operator[](int b) const {
     return fCopies == 1 ? Own(b) : Moved(Own(b % fCount), b / fCount);
   }

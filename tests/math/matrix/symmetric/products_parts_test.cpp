@@ -329,8 +329,10 @@ TEST_P(PartProducts, Spreading) {
   QVSymMatrix own = s;
   ASSERT_TRUE(own.Expand(marked, own));
   EXPECT_TRUE(SameBits(own.AsVector(), out.AsVector()));
-  ASSERT_TRUE(s.ExpandSym(FullCells(index), own));
-  EXPECT_TRUE(SameBits(own.AsVector(), out.AsVector()));
+  if (n > 0) {  // a sparse matrix has at least one column
+    ASSERT_TRUE(s.ExpandSym(FullCells(index), own));
+    EXPECT_TRUE(SameBits(own.AsVector(), out.AsVector()));
+  }
   QVRectMatrix rect;
   ASSERT_TRUE(s.ExpandSymToRect(index, rect));
   EXPECT_EQ(MaxDifference(FromRect(rect), wanted), 0.0);
