@@ -98,12 +98,11 @@ class QVCOMMON_API QVSparseVector {
   ///
   /// False, and nothing changed, when categories or width is below 1, when beta has fewer than
   /// (categories - 1) x width elements, when the last index is not below width, and for an invalid
-  /// vector. Linear predictors up to 709 and down to -708.39 are safe from overflow; probabilities
-  /// below exp(-708.39) become 0.0.
+  /// vector. Otherwise the probabilities sum to 1 within rounding, however large or small the
+  /// linear predictors are; those below exp(-708.39) become 0.0.
   ///
   /// Beware: with a NaN among the linear predictors probs[0] becomes 1.0, logLast 0.0, and the
-  /// other entries stay as they were. And when all linear predictors lie below -709 without being
-  /// equal, the sum of exponentials overflows: every probability is 0.0 and logLast minus infinity.
+  /// other entries stay as they were.
   bool ComputeProbabilities(const std::vector<double> & beta, int categories, int width,
                             std::vector<double> & probs, double & logLast) const;
 

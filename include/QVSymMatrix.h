@@ -915,6 +915,8 @@ class QVCOMMON_API QVSymMatrix : public IQVSymMatrix {
     return start >= 0 && count >= 0 && count <= fNRows && start <= fNRows - count;
   }
   bool IsPartOfColumn(int j, int start, int count) const;
+  void MultiplyRowByL(int i, int start, const IQVSymMatrix & l, double * out) const;
+  void MultiplyBlockByL(int start, const IQVSymMatrix & l, double * out) const;
   void ResizeAndMarkBlocks(int n);
   bool AreSweepArguments(int k, double tol, const double * ref, const QVBitSet & swept) const;
   bool AreCholeskyArguments(const std::vector<double> & ref, double tol) const;

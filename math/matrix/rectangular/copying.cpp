@@ -48,9 +48,11 @@ bool QVRectMatrix::SetRow(int i, const QVSparseVector & row) {
 bool QVRectMatrix::CopyRows(const IQVRectMatrix & source, int start, int count) {
   if (!IsPart(start, count, source.GetNRows()) || count > fNRows || source.GetNCols() != fNCols)
     return false;
-  for (int i = 0; i < count; ++i)
-    for (int j = 0; j < fNCols; ++j)
-      fElements[Position(i, j)] = source.GetElem(start + i, j);
+  std::vector<double> row;
+  for (int i = 0; i < count && fNCols > 0; ++i) {
+    source.GetRow(start + i, row);
+    std::copy(row.begin(), row.end(), GetRowPtr(i));
+  }
   return true;
 }
 

@@ -2,8 +2,10 @@
 /// read as a dense matrix, and a target that may be one of the operands.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "QVRectMatrix.h"
 
@@ -19,9 +21,9 @@ class DenseOperand {
     }
     fDense = &fCopy;
     if (!fCopy.SetNRowsCols(matrix.GetNRows(), matrix.GetNCols(), false)) return;
-    for (int i = 0; i < fCopy.GetNRows(); ++i)
-      for (int j = 0; j < fCopy.GetNCols(); ++j)
-        fCopy.SetElem(i, j, matrix.GetElem(i, j));
+    std::vector<double> row;
+    for (int i = 0; i < fCopy.GetNRows() && matrix.GetRow(i, row); ++i)
+      if (!row.empty()) std::copy(row.begin(), row.end(), fCopy.GetRowPtr(i));
   }
   DenseOperand(const DenseOperand &) = delete;
   DenseOperand & operator=(const DenseOperand &) = delete;

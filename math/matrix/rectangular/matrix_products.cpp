@@ -7,6 +7,8 @@
 #include "QVSymMatrix.h"
 #include "math/matrix/rectangular/dense_operand.h"
 #include "math/matrix/rectangular/dense_product.h"
+#include "math/matrix/structured/block_rect_products.h"
+#include "math/matrix/structured/sparse_rows.h"
 
 namespace QVMath_940 {
 
@@ -64,6 +66,20 @@ auto PanelOfTranspose(const QVRectMatrix & matrix) {
   };
 }
 
+// out += factor x a sparse row.
+void AddCells(bool isFused, double factor, const RowCells & cells, double * out) {
+  for (int p = 0; p < cells.count; ++p)
+    out[cells.columns[p]] = AddProduct(isFused, factor, cells.values[p], out[cells.columns[p]]);
+}
+
+// A sparse row by a dense one.
+double DotCells(bool isFused, const RowCells & cells, const double * row) {
+  double sum = 0.0;
+  for (int p = 0; p < cells.count; ++p)
+    sum = AddProduct(isFused, row[cells.columns[p]], cells.values[p], sum);
+  return sum;
+}
+
 // True when a product of these shapes has no sums to build: all of it is 0.0 already.
 bool IsEmpty(int rows, int inner, int cols) {
   return rows < 1 || inner < 1 || cols < 1;
@@ -76,6 +92,14 @@ bool IsEmpty(int rows, int inner, int cols) {
 bool QVRectMatrix::ComputeMatrixProduct(const IQVRectMatrix & b, IQVRectMatrix & out) const {
   if (!IsValidMatrix() || !b.IsValidMatrix() || b.GetNRows() != fNCols) return false;
   DenseTarget target(out, {this, &b});
+  if (const QVSparseRectMatrix * sparse = AsSparse(b)) {
+    if (!target.Shape(fNRows, b.GetNCols())) return false;
+    for (int i = 0; i < fNRows; ++i)
+      for (int k = 0; k < fNCols; ++k)
+        AddCells(IsFusedSum(fNCols), fElements[Position(i, k)], CellsOf(*sparse, k),
+                 target.Row(i));
+    return target.Deliver();
+  }
   const DenseOperand right(b);
   if (!right->IsValidMatrix() || !target.Shape(fNRows, right->fNCols)) return false;
   if (!IsEmpty(fNRows, fNCols, right->fNCols))
@@ -87,6 +111,13 @@ bool QVRectMatrix::ComputeMatrixProduct(const IQVRectMatrix & b, IQVRectMatrix &
 bool QVRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix & b, QVRectMatrix & out) const {
   if (!IsValidMatrix() || !b.IsValidMatrix() || b.GetNCols() != fNCols) return false;
   DenseTarget target(out, {this, &b});
+  if (const QVSparseRectMatrix * sparse = AsSparse(b)) {
+    if (!target.Shape(fNRows, b.GetNRows())) return false;
+    for (int i = 0; i < fNRows; ++i)
+      for (int j = 0; j < b.GetNRows(); ++j)
+        target.Row(i)[j] = DotCells(IsFusedSum(fNCols), CellsOf(*sparse, j), GetRowPtr(i));
+    return target.Deliver();
+  }
   const DenseOperand right(b);
   if (!right->IsValidMatrix() || !target.Shape(fNRows, right->fNRows)) return false;
   if (!IsEmpty(fNRows, fNCols, right->fNRows))
@@ -99,6 +130,7 @@ bool QVRectMatrix::ComputeProductMatrixTrans(const IQVRectMatrix & b, QVRectMatr
 
 bool QVRectMatrix::ComputeMatrixProduct(const IQVSymMatrix & s, IQVRectMatrix & out) const {
   if (!IsValidMatrix() || s.GetNRows() != fNCols) return false;
+  if (s.GetType() != SymMatrixDense) return MultiplyRS(DiagonalBlocks(s), *this, out);
   DenseTarget target(out, {this});
   if (!target.Shape(fNRows, fNCols)) return false;
   // S is symmetric: its columns are read as its full rows.
@@ -132,6 +164,7 @@ bool QVRectMatrix::ComputeBlockDiagSR(const IQVSymMatrix & s, IQVRectMatrix & ou
   const int order = s.GetNRows();
   if (!IsValidMatrix() || copies < 1 || order < 0) return false;
   if (static_cast<long long>(copies) * order != fNRows) return false;
+  if (s.GetType() != SymMatrixDense) return MultiplySR(DiagonalBlocks(s, copies), *this, out);
   DenseTarget target(out, {this});
   if (!target.Shape(fNRows, fNCols)) return false;
   for (int start = 0; start < fNRows && fNCols > 0; start += order)
@@ -145,6 +178,17 @@ bool QVRectMatrix::ComputeR1TransSR2(const IQVSymMatrix & s, const IQVRectMatrix
   if (!IsValidMatrix() || !r2.IsValidMatrix()) return false;
   if (s.GetNRows() != fNRows || r2.GetNRows() != fNRows) return false;
   if (out.GetMatrixType() != RectMatrixDense) return false;
+  if (const QVSparseRectMatrix * sparse = AsSparse(r2)) {
+    QVRectMatrix left;  // S R1, whose transpose stands on the left
+    if (!ComputeBlockDiagSR(s, left, 1)) return false;
+    DenseTarget target(out, {});
+    if (!target.Shape(fNCols, r2.GetNCols())) return false;
+    for (int i = 0; i < fNRows; ++i)
+      for (int j = 0; j < fNCols; ++j)
+        AddCells(IsFusedSum(fNRows), left.fElements[left.Position(i, j)], CellsOf(*sparse, i),
+                 target.Row(j));
+    return target.Deliver();
+  }
   const DenseOperand right(r2);
   QVRectMatrix product;
   if (!right->ComputeBlockDiagSR(s, product, 1)) return false;

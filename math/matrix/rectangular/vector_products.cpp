@@ -144,6 +144,8 @@ double QVRectMatrix::DotProductRowCol(int i, const IQVRectMatrix & other, int j)
 }
 
 double QVRectMatrix::DotProductRowRow(int i, const IQVRectMatrix & other, int k) const {
+  if (other.GetMatrixType() == RectMatrixSparse && IsRow(i))
+    return other.DotProductRowRow(k, *this, i);  // over the cells
   std::vector<double> row;
   if (!IsRow(i) || other.GetNCols() != fNCols || !other.GetRow(k, row)) return 0.0;
   return SumOfProducts(fNCols, GetRowPtr(i), row.data());

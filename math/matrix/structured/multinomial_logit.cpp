@@ -33,6 +33,12 @@ void EqualPredictors(double x, int others, double * probs, double & logLast) {
     each = e / total;
     probs[others] = 1.0 / total;
     logLast = -std::log(total);
+    if (std::isinf(total)) {  // the same with both parts of the fractions divided by e
+      const double scaled = others + std::exp(-x);
+      each = 1.0 / scaled;
+      probs[others] = std::exp(-x) / scaled;
+      logLast = -x - std::log(scaled);
+    }
   }
   std::fill_n(probs, others, each);
 }
@@ -41,6 +47,20 @@ void EqualPredictors(double x, int others, double * probs, double & logLast) {
 // range of exp.
 void DifferentPredictors(const std::vector<double> & eta, double hi, double lo, double * probs,
                          double & logLast) {
+  if (-hi > kMaxExp) {  // exp(-hi) overflows: beside the reference category nothing counts
+    std::fill_n(probs, eta.size(), 0.0);
+    probs[eta.size()] = 1.0;
+    logLast = 0.0;
+    return;
+  }
+  if (std::isinf(hi)) {  // an overflow of beta times x: those that overflowed share everything
+    const double each = 1.0 / static_cast<double>(std::count(eta.begin(), eta.end(), hi));
+    for (const double e : eta)
+      *probs++ = e == hi ? each : 0.0;
+    *probs = 0.0;
+    logLast = -hi;
+    return;
+  }
   double s = 0.0;
   if (hi > kMaxExp) {
     s = std::trunc(hi - kMaxExp);

@@ -8,6 +8,7 @@
 #include "math/kernels/kernel_table.h"
 #include "math/kernels/packed_update.h"
 #include "math/matrix/rectangular/dense_operand.h"
+#include "math/matrix/structured/block_rect_products.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
 #include "math/matrix/symmetric/tiled_product.h"
@@ -43,6 +44,11 @@ bool IsShape(const IQVRectMatrix & r) {
   return r.GetNRows() >= 0 && r.GetNCols() >= 0;
 }
 
+// The products with a sparse matrix have a path of their own, over its cells.
+bool IsSparse(const IQVRectMatrix & r) {
+  return r.GetMatrixType() == RectMatrixSparse;
+}
+
 }  // namespace
 
 // --- R S, R-transpose S -------------------------------------------------------------------------
@@ -60,6 +66,7 @@ bool QVSymMatrix::ComputeRS(const IQVRectMatrix & r, IQVRectMatrix & out) const 
 
 bool QVSymMatrix::ComputeRTransS(const IQVRectMatrix & r, IQVRectMatrix & out) const {
   if (fNRows < 0 || r.GetNRows() != fNRows || !IsShape(r)) return false;
+  if (IsSparse(r)) return MultiplyRTransS(DiagonalBlocks(*this), r, out);
   const int rows = r.GetNCols();
   const DenseOperand left(r);
   DenseTarget target(out, {&r});
@@ -72,6 +79,7 @@ bool QVSymMatrix::ComputeRTransS(const IQVRectMatrix & r, IQVRectMatrix & out) c
 bool QVSymMatrix::ComputeRTransSV(const IQVRectMatrix & r, const std::vector<double> & v,
                                   std::vector<double> & out) const {
   if (fNRows < 0 || r.GetNRows() != fNRows || !IsShape(r) || v.size() != At(fNRows)) return false;
+  if (IsSparse(r)) return MultiplyRTransSV(DiagonalBlocks(*this), r, v, out);
   const PackedView s = ViewOf(*this);
   std::vector<double> sv(v.size());
   MultiplySymmetric(s, v.data(), sv.data());
@@ -92,6 +100,7 @@ bool QVSymMatrix::ComputeRTransSV(const IQVRectMatrix & r, const std::vector<dou
 // --- R S R-transpose, R-transpose S R -----------------------------------------------------------
 
 bool QVSymMatrix::ComputeRSRTrans(const IQVRectMatrix & r, IQVSymMatrix & out) const {
+  if (IsSparse(r)) return MultiplyRSRTrans(DiagonalBlocks(*this), r, out, &out == this);
   return ComputeRSRTrans2(r, 0, fNRows, out);
 }
 
@@ -105,6 +114,7 @@ bool QVSymMatrix::ComputeRSRTrans2(const IQVRectMatrix & r, int start, int size,
 }
 
 bool QVSymMatrix::ComputeRTransSR(const IQVRectMatrix & r, IQVSymMatrix & out) const {
+  if (IsSparse(r)) return MultiplyRTransSR(DiagonalBlocks(*this), r, out, &out == this);
   return ComputeRTransSymR(r, 0, fNRows, out);
 }
 
@@ -139,6 +149,7 @@ bool QVSymMatrix::ComputeRTransBlockDiagR(const IQVRectMatrix & r, int copies,
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || fNRows < 0 || copies < 1 || !IsShape(r)) return false;
   if (r.GetNRows() != std::ptrdiff_t{copies} * fNRows) return false;
+  if (IsSparse(r)) return MultiplyRTransSR(DiagonalBlocks(*this, copies), r, out, &out == this);
   const DenseOperand rows(r);
   const int cols = r.GetNCols();
   TriangleTarget target(*dense, cols, dense == this);

@@ -9,6 +9,7 @@
 #include "QVSymMatrix.h"
 #include "math/kernels/kernel_table.h"
 #include "math/matrix/rectangular/dense_operand.h"
+#include "math/matrix/structured/block_sym_products.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
 #include "math/matrix/symmetric/tiled_product.h"
@@ -19,20 +20,6 @@ namespace {
 
 std::size_t At(int i) {
   return static_cast<std::size_t>(i);
-}
-
-// The packed elements of a symmetric operand of any class. This is where an operand that is not
-// dense becomes so; `scratch` then holds the copy.
-const QVSymMatrix & PackedOperand(const IQVSymMatrix & s, QVSymMatrix & scratch) {
-  if (const QVSymMatrix * dense = AsDense(s)) return *dense;
-  const int n = std::max(s.GetNRows(), 0);
-  scratch.SetNRows(n, false);
-  for (int i = 0; i < scratch.GetNRows(); ++i) {
-    for (int j = 0; j <= i; ++j) {
-      scratch.SetElem(i, j, s.GetElem(i, j));
-    }
-  }
-  return scratch;
 }
 
 // M and N are both dense or both diagonal, and of the order n.
@@ -130,8 +117,11 @@ bool QVSymMatrix::ComputeGMG(const std::vector<double> & g, QVSymMatrix & out) c
 bool QVSymMatrix::ComputeGSG(const IQVSymMatrix & g, IQVSymMatrix & out) const {
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || fNRows < 0 || g.GetNRows() != fNRows) return false;
-  QVSymMatrix scratch;
-  return ComputeGMG(PackedOperand(g, scratch).AsVector(), *dense);
+  if (const QVSymMatrix * outer = AsDense(g)) return ComputeGMG(outer->fElements, *dense);
+  TriangleTarget target(*dense, fNRows, dense == this);
+  if (!target.IsReady()) return false;
+  MultiplySWS(DiagonalBlocks(g), ViewOf(*this), target.Elements());
+  return target.Finish();
 }
 
 bool QVSymMatrix::ComputeMGN(const IQVSymMatrix & m, const IQVSymMatrix & n,
@@ -164,11 +154,13 @@ bool QVSymMatrix::ComputeLSLTrans(const IQVSymMatrix & l, IQVSymMatrix & out) co
   QVSymMatrix * const dense = AsDense(out);
   if (dense == nullptr || fNRows < 0 || l.GetNRows() != fNRows) return false;
   if (l.GetType() != SymMatrixDense && l.GetType() != SymMatrixBlockDiagonal) return false;
-  QVSymMatrix scratch;
-  const QVSymMatrix & lower = PackedOperand(l, scratch);
-  TriangleTarget target(*dense, fNRows, dense == this || dense == &lower);
-  if (!target.IsReady() || lower.fNRows != fNRows) return false;
-  MultiplyBothSides(LowerFactor(ViewOf(lower)), fNRows, ViewOf(*this), target.Elements());
+  TriangleTarget target(*dense, fNRows, dense == this || dense == &l);
+  if (!target.IsReady()) return false;
+  if (const QVSymMatrix * lower = AsDense(l)) {
+    MultiplyBothSides(LowerFactor(ViewOf(*lower)), fNRows, ViewOf(*this), target.Elements());
+  } else {
+    MultiplyLWLTrans(DiagonalBlocks(l), ViewOf(*this), target.Elements());
+  }
   return target.Finish();
 }
 
@@ -179,12 +171,14 @@ bool QVSymMatrix::ComputeLTransSL(const IQVSymMatrix & l, IQVSymMatrix & out, in
     return false;
   }
   if (l.GetType() != SymMatrixDense && l.GetType() != SymMatrixBlockDiagonal) return false;
-  QVSymMatrix scratch;
-  const QVSymMatrix & lower = PackedOperand(l, scratch);
-  TriangleTarget target(*dense, fNRows, dense == this || dense == &lower);
-  if (!target.IsReady() || lower.fNRows != order) return false;
-  MultiplyBothSides(BlockLowerTransposedFactor(ViewOf(lower)), fNRows, ViewOf(*this),
-                    target.Elements());
+  TriangleTarget target(*dense, fNRows, dense == this || dense == &l);
+  if (!target.IsReady()) return false;
+  if (const QVSymMatrix * lower = AsDense(l)) {
+    MultiplyBothSides(BlockLowerTransposedFactor(ViewOf(*lower)), fNRows, ViewOf(*this),
+                      target.Elements());
+  } else {
+    MultiplyLTransWL(DiagonalBlocks(l, copies), ViewOf(*this), target.Elements());
+  }
   return target.Finish();
 }
 
@@ -197,11 +191,14 @@ bool QVSymMatrix::ComputeAXpY(double a, const IQVSymMatrix & x) {
     return true;
   }
   // Another class stores some of its elements only: the others add nothing.
-  double * element = fElements.data();
-  for (int i = 0; i < fNRows; ++i) {
-    for (int j = 0; j <= i; ++j, ++element) {
-      const double other = x.GetElem(i, j);
-      if (other != 0.0) *element += a * other;
+  const DiagonalBlocks blocks(x);
+  for (int b = 0; b < blocks.Count(); ++b) {
+    const DiagonalBlock block = blocks[b];
+    for (int i = block.start; i < block.End(); ++i) {
+      double * const row = fElements.data() + RowStart(i);
+      for (int j = block.FirstInRow(i); j <= i; ++j) {
+        row[j] += a * block.Elem(i, j);
+      }
     }
   }
   return true;

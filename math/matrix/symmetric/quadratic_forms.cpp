@@ -4,6 +4,7 @@
 
 #include "IQVRectMatrix.h"
 #include "QVSymMatrix.h"
+#include "math/matrix/structured/block_rect_products.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/sparse_entries.h"
 
@@ -58,6 +59,7 @@ double QVSymMatrix::ComputeVSV(const std::vector<double> & v) const {
 }
 
 double QVSymMatrix::ComputeVSV(const IQVRectMatrix & r, int k) const {
+  if (r.GetMatrixType() == RectMatrixSparse) return RowQuadraticForm(DiagonalBlocks(*this), r, k);
   std::vector<double> row;
   if (fNRows < 1 || r.GetNCols() != fNRows || !r.GetRow(k, row)) return 0.0;
   return ComputeVSV(row);

@@ -1,12 +1,15 @@
 // The same products on parts of the dense symmetric matrix, and with a block-diagonal matrix, or a
-// block-diagonal factor, at their side. These read the other matrix through the interface, so that
-// every class may stand there; only the lower triangle of a factor is read.
+// block-diagonal factor, at their side. The other matrix may be of any class, and only the blocks of
+// a structured one are read, of a factor the lower triangle.
 #include <algorithm>
 #include <vector>
 
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
 #include "math/matrix/rectangular/dense_operand.h"
+#include "math/matrix/structured/block_rect_products.h"
+#include "math/matrix/structured/block_sym_products.h"
+#include "math/matrix/structured/class_casts.h"
 #include "math/matrix/symmetric/packed_rows.h"
 #include "math/matrix/symmetric/product_target.h"
 #include "math/matrix/symmetric/tiled_product.h"
@@ -19,17 +22,9 @@ std::size_t At(int i) {
   return static_cast<std::size_t>(i);
 }
 
-// Packed elements of a matrix of any class.
-std::vector<double> Pack(const IQVSymMatrix & s) {
-  const int n = s.GetNRows();
-  std::vector<double> packed(QVSymMatrix::RowStart(n));
-  double * element = packed.data();
-  for (int i = 0; i < n; ++i) {
-    for (int j = 0; j <= i; ++j) {
-      *element++ = s.GetElem(i, j);
-    }
-  }
-  return packed;
+// A dense L or B, with the fusing of the matrix that it multiplies.
+PackedView ViewWith(const QVSymMatrix & l, bool isFused) {
+  return {l.AsVector().data(), l.GetNRows(), isFused};
 }
 
 // out = the rows and columns of a rectangle of S, row after row.
@@ -72,15 +67,27 @@ bool QVSymMatrix::SubSymRectTV(int startRow, int rows, int startCol, int cols,
 
 // --- Parts of S times a factor ------------------------------------------------------------------
 
+/// out = (columns start .. start + order of L - 1 of the symmetric row i) L.
+void QVSymMatrix::MultiplyRowByL(int i, int start, const IQVSymMatrix & l, double * out) const {
+  if (const QVSymBlockDiagMatrix * blocks = AsBlockDiagonal(l)) {
+    blocks->ComputeSymRowByL(*this, i, start, out);
+    return;
+  }
+  const PackedView s = ViewOf(*this);
+  const std::vector<double> row = CopyPart(s, i, 1, start, l.GetNRows());
+  if (const QVSymMatrix * lower = AsDense(l)) {
+    MultiplyLowerTransposed(ViewWith(*lower, s.isFused), row.data(), out);
+  } else {
+    MultiplyLTransV(DiagonalBlocks(l)[0], row.data(), out);
+  }
+}
+
 bool QVSymMatrix::SubSymVectBlockL(int i, int start, const IQVSymMatrix & l,
                                    std::vector<double> & out) const {
   const int order = l.GetNRows();
   if (!IsRow(i) || order < 0 || !IsPart(start, order)) return false;
-  const PackedView s = ViewOf(*this);
-  const std::vector<double> packed = Pack(l);
-  const std::vector<double> row = CopyPart(s, i, 1, start, order);
   out.resize(At(order));
-  MultiplyLowerTransposed({packed.data(), order, s.isFused}, row.data(), out.data());
+  MultiplyRowByL(i, start, l, out.data());
   return true;
 }
 
@@ -92,19 +99,23 @@ bool QVSymMatrix::SubSymRectTBlockL(int startRow, int startCol, int cols, const 
                                     QVRectMatrix & out) const {
   const int order = l.GetNRows();
   if (order < 0 || !IsPart(startRow, order) || !IsPart(startCol, cols)) return false;
-  const PackedView s = ViewOf(*this);
-  const std::vector<double> packed = Pack(l);
   DenseTarget target(out, {});
   if (!target.Shape(cols, order)) return false;
-  std::vector<double> row(At(order));
   for (int j = 0; j < cols; ++j) {
-    for (int i = 0; i < order; ++i) {
-      row[At(i)] = s.Elem(startRow + i, startCol + j);
-    }
-    MultiplyLowerTransposed({packed.data(), order, s.isFused}, row.data(),
-                            target.Data() + At(j) * At(order));
+    MultiplyRowByL(startCol + j, startRow, l, target.Data() + At(j) * At(order));
   }
   return target.Deliver();
+}
+
+/// out = L-transpose (the diagonal block from row `start` on) L, packed and 0.0 on entry.
+void QVSymMatrix::MultiplyBlockByL(int start, const IQVSymMatrix & l, double * out) const {
+  const PackedView block = ViewOf(*this).Block(start, l.GetNRows());
+  if (const QVSymMatrix * lower = AsDense(l)) {
+    MultiplyBothSides(BlockLowerTransposedFactor(ViewWith(*lower, block.isFused)), block.n, block,
+                      out);
+  } else {
+    MultiplyLTransWL(DiagonalBlocks(l), block, out);
+  }
 }
 
 bool QVSymMatrix::SubSymBlockLTSBlockL(int start, const IQVSymMatrix & l,
@@ -112,12 +123,9 @@ bool QVSymMatrix::SubSymBlockLTSBlockL(int start, const IQVSymMatrix & l,
   QVSymMatrix * const dense = AsDense(out);
   const int order = l.GetNRows();
   if (dense == nullptr || order < 0 || !IsPart(start, order)) return false;
-  const PackedView s = ViewOf(*this);
-  const std::vector<double> packed = Pack(l);
-  TriangleTarget target(*dense, order, dense == this);
+  TriangleTarget target(*dense, order, dense == this || dense == &l);
   if (!target.IsReady()) return false;
-  const BlockLowerTransposedFactor factor({packed.data(), order, s.isFused});
-  MultiplyBothSides(factor, order, s.Block(start, order), target.Elements());
+  MultiplyBlockByL(start, l, target.Elements());
   return target.Finish();
 }
 
@@ -126,15 +134,13 @@ bool QVSymMatrix::AugmentUsingBlockDiagL(const IQVSymMatrix & l, IQVSymMatrix & 
   const int order = l.GetNRows();
   if (dense == nullptr || order < 0 || !IsPart(0, order)) return false;
   const PackedView s = ViewOf(*this);
-  const std::vector<double> packed = Pack(l);
-  const PackedView lower{packed.data(), order, s.isFused};
-  TriangleTarget target(*dense, fNRows, dense == this);
+  TriangleTarget target(*dense, fNRows, dense == this || dense == &l);
   if (!target.IsReady()) return false;
   double * const elements = target.Elements();
-  MultiplyBothSides(BlockLowerTransposedFactor(lower), order, s.Leading(order), elements);
+  MultiplyBlockByL(0, l, elements);
   for (int i = order; i < fNRows; ++i) {
     double * const row = elements + RowStart(i);
-    MultiplyLowerTransposed(lower, s.Row(i), row);
+    MultiplyRowByL(i, 0, l, row);
     std::copy(s.Row(i) + order, s.Row(i) + i + 1, row + order);
   }
   return target.Finish();
@@ -157,10 +163,14 @@ double QVSymMatrix::ComputeVBW(int i, int start, const IQVSymMatrix & b,
   const int order = b.GetNRows();
   if (!IsRow(i) || order < 1 || !IsPart(start, order) || w.size() != At(order)) return 0.0;
   const PackedView s = ViewOf(*this);
+  const DiagonalBlocks blocks(b);
   std::vector<double> row;
   double sum = 0.0;
   for (int k = 0; k < order && b.GetRow(k, row); ++k) {
-    const double inner = DotRow(s, i, start, start + order, Along(row.data()));
+    const DiagonalBlock block = blocks.OfRow(k);
+    const int first = block.FirstInRow(k);
+    const double inner =
+        DotRow(s, i, start + first, start + block.EndOfRow(k), Along(row.data() + first));
     sum = AddProduct(s.isFused, w[At(k)], inner, sum);
   }
   return sum;
@@ -177,12 +187,16 @@ bool QVSymMatrix::ComputeSSubBSSub(int startRow, int rows, int startCol, const I
   if (dense == nullptr || order < 0) return false;
   if (!IsPart(startRow, rows) || !IsPart(startCol, order)) return false;
   const PackedView s = ViewOf(*this);
+  const bool isOperand = dense == this || dense == &b;
   const std::vector<double> part = CopyPart(s, startRow, rows, startCol, order);
-  const std::vector<double> packed = Pack(b);
-  TriangleTarget target(*dense, rows, dense == this);
+  TriangleTarget target(*dense, rows, isOperand);
   if (!target.IsReady()) return false;
-  const RowsFactor outer(part.data(), order, order);
-  MultiplyBothSides(outer, outer, rows, {packed.data(), order, s.isFused}, target.Elements());
+  if (const QVSymMatrix * middle = AsDense(b)) {
+    const RowsFactor outer(part.data(), order, order);
+    MultiplyBothSides(outer, outer, rows, ViewWith(*middle, s.isFused), target.Elements());
+  } else {
+    MultiplyRSRTrans(DiagonalBlocks(b), part.data(), rows, target.Elements());
+  }
   return target.Finish();
 }
 

@@ -119,11 +119,46 @@ TEST(MultinomialLogit, DifferentPredictorsBeyondTheRangeOfExp) {
   EXPECT_NEAR(wide.probs[2], 0.5, 1e-13);
 }
 
-TEST(MultinomialLogit, AllPredictorsFarBelowZeroOverflow) {
-  const Logit got({-1000.0, -1001.0});
-  EXPECT_TRUE(got.ok);
-  EXPECT_EQ(got.probs, (V{0.0, 0.0, 0.0}));
+TEST(MultinomialLogit, AllPredictorsFarBelowZeroLeaveTheLastCategory) {
+  for (const double hi : {-708.4, -708.9, -709.0, -709.1, -1000.0, -1e300}) {
+    const Logit got({hi, hi * 1.001});
+    EXPECT_TRUE(got.ok);
+    EXPECT_EQ(got.probs[0], 0.0) << hi;
+    EXPECT_EQ(got.probs[1], 0.0) << hi;
+    EXPECT_NEAR(got.probs[2], 1.0, 1e-15) << hi;
+    EXPECT_NEAR(got.logLast, 0.0, 1e-12) << hi;
+  }
+}
+
+TEST(MultinomialLogit, EqualPredictorsWhoseSumOverflows) {
+  const Logit got({709.0, 709.0, 709.0, 709.0});
+  for (int c = 0; c < 4; ++c)
+    EXPECT_EQ(got.probs[static_cast<std::size_t>(c)], 0.25);
+  EXPECT_NEAR(got.probs[4] / std::exp(-709.0), 0.25, 1e-14);
+  EXPECT_EQ(got.logLast, -709.0 - std::log(4.0));
+}
+
+TEST(MultinomialLogit, OverflownPredictorsShareEverything) {
+  const Logit got({kInfinity, 1e308, kInfinity, -kInfinity});
+  EXPECT_EQ(got.probs, (V{0.5, 0.0, 0.5, 0.0, 0.0}));
   EXPECT_EQ(got.logLast, -kInfinity);
+}
+
+TEST(MultinomialLogit, ProbabilitiesSumToOne) {
+  const V sizes = {0.0, 1e-300, 1.0, 30.0, 700.0, 708.0, 709.0, 710.0, 1400.0, 1e5, 1e300};
+  for (const double a : sizes)
+    for (const double b : sizes)
+      for (const double c : sizes)
+        for (const double signs : {1.0, -1.0}) {
+          const Logit got({signs * a, -b, c * (a > b ? signs : 1.0)});
+          double sum = 0.0;
+          for (const double p : got.probs) {
+            EXPECT_GE(p, 0.0);
+            sum += p;
+          }
+          // The logarithms lose the digits that their own size takes.
+          EXPECT_NEAR(sum, 1.0, 1e-12) << signs * a << ' ' << -b << ' ' << c;
+        }
 }
 
 TEST(MultinomialLogit, NaNLeavesTheOtherEntries) {

@@ -1,34 +1,38 @@
-/// Matrices that say they are of another class than the dense one, so that an operation has to read
-/// them through the interface, or to refuse them.
+/// Matrices of the other classes with given elements, so that an operation has to take them in a
+/// path of its own, or to refuse them.
 #pragma once
 
 #include <vector>
 
+#include "QVDiagMatrix.h"
 #include "QVRectMatrix.h"
+#include "QVSparseRectMatrix.h"
+#include "QVSparseVector.h"
+#include "QVSymBlockDiagMatrix.h"
 #include "QVSymMatrix.h"
 
 namespace other_classes {
 
-class DiagonalMatrix : public QVMath_940::QVSymMatrix {
+using DiagonalMatrix = QVMath_940::QVDiagMatrix;
+
+/// One dense block.
+class OneBlock : public QVMath_940::QVSymBlockDiagMatrix {
  public:
-  explicit DiagonalMatrix(const std::vector<double> & diagonal)
-      : QVSymMatrix(static_cast<int>(diagonal.size()), true) {
-    for (int i = 0; i < QVSymMatrix::GetNRows(); ++i)
-      QVSymMatrix::SetElem(i, i, diagonal[static_cast<std::size_t>(i)]);
+  explicit OneBlock(const QVMath_940::QVSymMatrix & s) { AddBlock(s); }
+};
+
+/// Every element is a cell.
+class FullCells : public QVMath_940::QVSparseRectMatrix {
+ public:
+  explicit FullCells(const QVMath_940::QVRectMatrix & r)
+      : QVSparseRectMatrix(r.GetNRows(), r.GetNCols(), r.GetNCols()) {
+    std::vector<int> columns;
+    for (int j = 0; j < r.GetNCols(); ++j)
+      columns.push_back(j);
+    std::vector<double> row;
+    for (int i = 0; i < r.GetNRows() && r.GetRow(i, row); ++i)
+      AddRow(QVMath_940::QVSparseVector(columns, row));
   }
-  QVMath_940::SymMatrixType GetType() const override { return QVMath_940::SymMatrixDiagonal; }
-};
-
-class SymmetricByInterface : public QVMath_940::QVSymMatrix {
- public:
-  explicit SymmetricByInterface(const QVSymMatrix & s) : QVSymMatrix(s) {}
-  QVMath_940::SymMatrixType GetType() const override { return QVMath_940::SymMatrixBlockDiagonal; }
-};
-
-class RowsByInterface : public QVMath_940::QVRectMatrix {
- public:
-  explicit RowsByInterface(const QVRectMatrix & r) : QVRectMatrix(r) {}
-  QVMath_940::RectMatrixType GetMatrixType() const override { return QVMath_940::RectMatrixSparse; }
 };
 
 }  // namespace other_classes
