@@ -277,41 +277,53 @@ inline void RotateEachRow(int rows, int from, int to, const double * c, const do
   }
 }
 
-/// A block of kWidth columns lies in registers as its columns, a lane for each row, so that the
-/// chains of kWidth rows run side by side.
+/// The first `count` columns of kWidth rows, count being a multiple of kWidth. A block of kWidth
+/// columns lies in registers as its columns, a lane for each row, so that the chains of the rows
+/// run side by side.
+template <typename Lanes, bool kBack>
+inline void RotateGroup(int count, const double * c, const double * s, double * const * row,
+                        double * x) {
+  constexpr int kWidth = Lanes::kWidth;
+  typename Lanes::Vector xs = Lanes::Load(x);
+  for (int k = 0; k < count; k += kWidth) {
+    const int j = kBack ? count - kWidth - k : k;
+    typename Lanes::Vector columns[kWidth];
+    Lanes::LoadColumns(row, static_cast<std::size_t>(j), Lanes::kWidth, columns);
+#pragma GCC unroll 8
+    for (int q = 0; q < kWidth; ++q) {
+      const int m = kBack ? kWidth - 1 - q : q;
+      Rotation<kBack>::template Turn<Lanes>(Lanes::Spread(c[j + m]), Lanes::Spread(s[j + m]),
+                                            columns[m], xs);
+    }
+    Lanes::StoreColumns(row, static_cast<std::size_t>(j), columns);
+  }
+  Lanes::Store(x, xs);
+}
+
 template <typename Lanes, bool kBack>
 void RotateRows(int rows, int count, const double * c, const double * s, double * const * row,
                 double * x) {
-  constexpr int kWidth = static_cast<int>(Lanes::kWidth);
+  constexpr int kWidth = Lanes::kWidth;
   const int blocksEnd = count / kWidth * kWidth;
   if (kBack) {
     RotateEachRow<Lanes, kBack>(rows, blocksEnd, count, c, s, row, x);
   }
-  for (int first = 0; first < rows && blocksEnd > 0; first += kWidth) {
+  int r = 0;
+  for (; r + kWidth <= rows && blocksEnd > 0; r += kWidth) {
+    RotateGroup<Lanes, kBack>(blocksEnd, c, s, row + r, x + r);
+  }
+  if (r < rows && blocksEnd > 0) {
     // Lanes without a row of their own repeat the last one, with the same result.
     double * group[kWidth];
     double xGroup[kWidth];
     for (int lane = 0; lane < kWidth; ++lane) {
-      const int r = first + lane < rows ? first + lane : rows - 1;
-      group[lane] = row[r];
-      xGroup[lane] = x[r];
+      const int own = r + lane < rows ? r + lane : rows - 1;
+      group[lane] = row[own];
+      xGroup[lane] = x[own];
     }
-    typename Lanes::Vector xs = Lanes::Load(xGroup);
-    for (int k = 0; k < blocksEnd; k += kWidth) {
-      const int j = kBack ? blocksEnd - kWidth - k : k;
-      typename Lanes::Vector columns[kWidth];
-      Lanes::LoadColumns(group, static_cast<std::size_t>(j), Lanes::kWidth, columns);
-#pragma GCC unroll 8
-      for (int q = 0; q < kWidth; ++q) {
-        const int m = kBack ? kWidth - 1 - q : q;
-        Rotation<kBack>::template Turn<Lanes>(Lanes::Spread(c[j + m]), Lanes::Spread(s[j + m]),
-                                              columns[m], xs);
-      }
-      Lanes::StoreColumns(group, static_cast<std::size_t>(j), columns);
-    }
-    Lanes::Store(xGroup, xs);
-    for (int lane = 0; lane < kWidth && first + lane < rows; ++lane) {
-      x[first + lane] = xGroup[lane];
+    RotateGroup<Lanes, kBack>(blocksEnd, c, s, group, xGroup);
+    for (int lane = 0; r + lane < rows; ++lane) {
+      x[r + lane] = xGroup[lane];
     }
   }
   if (!kBack) {

@@ -57,11 +57,15 @@ void InvertRowByRow(double * a, int n) {
   }
 }
 
-// The same for a factor without zero pivots, kTileRows rows of X at a time: their sums over all
-// rows k between come as tiles, and each block of columns follows by substitution.
+// Rows that go through a block of columns together, in tiles of kTileRows: they read the block's
+// elements of all other rows from the cache after the first of them.
+constexpr int kGroupRows = 6 * kTileRows;
+
+// The same for a factor without zero pivots, a tile of kTileRows rows of X at a time: their sums
+// over all rows k between come as tiles, and each block of columns follows by substitution.
 class BlockedInverse {
  public:
-  BlockedInverse(double * a, int n) : fA(a), fN(n), fSums(At(kTileRows) * At(n)) {
+  BlockedInverse(double * a, int n) : fA(a), fN(n), fSums(At(kGroupRows) * At(n)) {
     const int blocks = (n + kTileCols - 1) / kTileCols;
     fOwn.resize(At(blocks) * At(kTileCols) * At(kTileCols));
     fFactor.resize(At(blocks) * At(kTileCols));
@@ -73,60 +77,86 @@ class BlockedInverse {
   }
 
   void Run() {
-    for (int last = fN; last > 0; last -= kTileRows) {
-      const int first = std::max(last - kTileRows, 0);
-      for (int i = last - 1; i >= first; --i) {
-        StartRow(i, first);
-      }
-      for (int block = (first - 1) / kTileCols * kTileCols; block >= 0 && first > 0;
-           block -= kTileCols) {
-        FinishBlock(first, last - first, block);
-      }
+    for (int end = fN; end > 0; end -= kGroupRows) {
+      InvertGroup(std::max(end - kGroupRows, 0), end);
     }
   }
 
  private:
   double * Row(int i) const { return fA + PackedRow(i); }
-  double * Sums(int r) { return fSums.data() + At(r) * At(fN); }
 
-  /// Row i of X from column i down to `first`, and its sums over these for the columns before.
-  void StartRow(int i, int first) {
-    double * const row = Row(i);
-    double * const sums = Sums(i - first);
-    row[i] = 1.0 / row[i];
-    std::fill_n(sums, At(i), 0.0);
-    kernels::Kernels().axpyFused(At(i), row[i], row, sums);
-    for (int j = i - 1; j >= first; --j) {
-      row[j] = sums[j] * fFactor[At(j)];
-      kernels::Kernels().axpyFused(At(j), row[j], Row(j), sums);
+  /// The tile of rows whose last row stands before `end`. Tiles end kTileRows apart.
+  struct RowTile {
+    int first;
+    int rows;
+    double * sums;  // kTileRows rows of n
+  };
+  RowTile TileBefore(int end, int groupEnd) {
+    const int first = std::max(end - kTileRows, 0);
+    return {first, end - first, fSums.data() + At(groupEnd - end) * At(fN)};
+  }
+
+  /// Rows first .. end - 1. Every block of columns is finished from the last tile up, and a tile
+  /// starts, overwriting its own columns of L, when the tiles below it are through with them.
+  void InvertGroup(int groupFirst, int end) {
+    int started = end;  // where the last tile that has started begins
+    for (int block = (end - 1) / kTileCols * kTileCols; block >= 0; block -= kTileCols) {
+      for (int tileEnd = end; tileEnd > groupFirst; tileEnd -= kTileRows) {
+        const RowTile tile = TileBefore(tileEnd, end);
+        const bool isLastBlock = block == 0;
+        if (tile.first <= block && !isLastBlock) break;
+        if (tile.first < started) {
+          StartTile(tile);
+          started = tile.first;
+        }
+        if (tile.first > block) FinishBlock(tile, block);
+      }
     }
   }
 
-  /// Columns block .. block + kTileCols - 1, as far as they lie before `first`, of the rows of X
-  /// from `first` on.
-  void FinishBlock(int first, int rows, int block) {
+  /// The tile's rows of X from the diagonal down to the tile's first column, and their sums over
+  /// these for the columns before.
+  void StartTile(const RowTile & tile) {
+    for (int i = tile.first + tile.rows - 1; i >= tile.first; --i) {
+      double * const row = Row(i);
+      double * const sums = tile.sums + At(i - tile.first) * At(fN);
+      row[i] = 1.0 / row[i];
+      std::fill_n(sums, At(i), 0.0);
+      kernels::Kernels().axpyFused(At(i), row[i], row, sums);
+      for (int j = i - 1; j >= tile.first; --j) {
+        row[j] = sums[j] * fFactor[At(j)];
+        kernels::Kernels().axpyFused(At(j), row[j], Row(j), sums);
+      }
+    }
+  }
+
+  /// Columns block .. block + kTileCols - 1 of the tile's rows, as far as they lie before the
+  /// tile's first column.
+  void FinishBlock(const RowTile & tile, int block) {
+    const int first = tile.first;
     const int width = std::min(kTileCols, first - block);
     const int behind = block + width;  // rows k = first - 1 .. behind are still to be added
-    double tile[kTileRows * kTileCols] = {};
+    double values[kTileRows * kTileCols] = {};
     const double * x[kTileRows];
     double * out[kTileRows];
     for (int r = 0; r < kTileRows; ++r) {
-      const int i = std::min(r, rows - 1);
-      std::copy_n(Sums(i) + block, width, tile + r * kTileCols);
+      const int i = std::min(r, tile.rows - 1);
+      std::copy_n(tile.sums + At(i) * At(fN) + block, width, values + r * kTileCols);
       x[r] = Row(first + i) + first - 1;
       out[r] = Row(first + i) + block;
     }
     if (first > behind) {
       const ConstRows l{Row(first - 1) + block, -(first - 1), 1};
-      kernels::Kernels().tileByRowsFused(first - behind, x, -1, l, {tile, kTileCols, 0});
+      kernels::Kernels().tileByRowsFused(first - behind, x, -1, l, {values, kTileCols, 0});
     }
-    kernels::Kernels().multiplyBackwardFused(
-        rows, width, out, tile, fOwn.data() + At(block) * At(kTileCols), fFactor.data() + block);
+    kernels::Kernels().multiplyBackwardFused(tile.rows, width, out, values,
+                                             fOwn.data() + At(block) * At(kTileCols),
+                                             fFactor.data() + block);
   }
 
   double * fA;
   int fN;
-  std::vector<double> fSums;    // kTileRows rows of n
+  std::vector<double> fSums;    // kGroupRows rows of n
   std::vector<double> fOwn;     // row j: L_jc of the columns c before j in j's block
   std::vector<double> fFactor;  // -1 / L_jj
 };
@@ -146,42 +176,65 @@ void MultiplyTransposedSmall(double * a, int n) {
   }
 }
 
-// The same by tiles of rows; a tile's result waits in `buffer` (kTileRows rows of n + kTileCols)
-// until all of it stands.
-void MultiplyTransposedLarge(double * a, int n) {
-  const std::size_t pitch = At(n) + At(kTileCols);
-  std::vector<double> buffer(At(kTileRows) * pitch);
-  for (int first = 0; first < n; first += kTileRows) {
-    const int rows = std::min(kTileRows, n - first);
-    const int behind = first + rows;
-    std::fill(buffer.begin(), buffer.end(), 0.0);
-    // Rows k of the tile itself reach only the tile's rows i up to k.
-    for (int k = first; k < behind; ++k) {
-      const double * const rowK = a + PackedRow(k);
-      for (int i = first; i <= k; ++i) {
-        kernels::Kernels().axpyFused(At(i) + 1, rowK[i], rowK,
-                                     buffer.data() + At(i - first) * pitch);
+// The same by tiles of rows. The results of a group of them wait in a buffer until all stand.
+class BlockedProduct {
+ public:
+  BlockedProduct(double * a, int n)
+      : fA(a), fN(n), fPitch(At(n) + At(kTileCols)), fBuffer(At(kGroupRows) * fPitch) {}
+
+  void Run() {
+    for (int first = 0; first < fN; first += kGroupRows) {
+      const int end = std::min(first + kGroupRows, fN);
+      std::fill(fBuffer.begin(), fBuffer.end(), 0.0);
+      for (int tile = first; tile < end; tile += kTileRows) {
+        AddOwnRows(first, tile, std::min(tile + kTileRows, end));
       }
-    }
-    // Blocks of columns end at the tile's last row, so that they lie inside every row behind it.
-    for (int end = behind; end > 0 && behind < n; end -= kTileCols) {
-      const int block = std::max(end - kTileCols, 0);
-      double tile[kTileRows * kTileCols];
-      for (int r = 0; r < kTileRows; ++r) {
-        std::copy_n(buffer.data() + At(r) * pitch + block, kTileCols, tile + r * kTileCols);
+      for (int last = end; last > 0; last -= kTileCols) {
+        for (int tile = first; tile < end; tile += kTileRows) {
+          AddRowsBehind(first, tile, std::min(tile + kTileRows, end), last);
+        }
       }
-      kernels::Kernels().tileFused(n - behind, {a + PackedRow(behind) + first, behind + 1, 1},
-                                   {a + PackedRow(behind) + block, behind + 1, 1},
-                                   {tile, kTileCols, 0});
-      for (int r = 0; r < kTileRows; ++r) {
-        std::copy_n(tile + r * kTileCols, end - block, buffer.data() + At(r) * pitch + block);
+      for (int i = first; i < end; ++i) {
+        std::copy_n(Result(first, i), At(i) + 1, fA + PackedRow(i));
       }
-    }
-    for (int i = first; i < behind; ++i) {
-      std::copy_n(buffer.data() + At(i - first) * pitch, At(i) + 1, a + PackedRow(i));
     }
   }
-}
+
+ private:
+  double * Result(int groupFirst, int i) { return fBuffer.data() + At(i - groupFirst) * fPitch; }
+
+  /// What the rows k of a tile add to the tile's rows i up to k.
+  void AddOwnRows(int groupFirst, int tile, int tileEnd) {
+    for (int k = tile; k < tileEnd; ++k) {
+      const double * const rowK = fA + PackedRow(k);
+      for (int i = tile; i <= k; ++i) {
+        kernels::Kernels().axpyFused(At(i) + 1, rowK[i], rowK, Result(groupFirst, i));
+      }
+    }
+  }
+
+  /// What all rows behind a tile add to the block of columns that ends before `last`. Columns
+  /// behind the tile's own are computed too, from whatever stands there, and never read.
+  void AddRowsBehind(int groupFirst, int tile, int tileEnd, int last) {
+    const int block = std::max(last - kTileCols, 0);
+    if (block >= tileEnd || tileEnd >= fN) return;
+    double values[kTileRows * kTileCols];
+    for (int r = 0; r < kTileRows; ++r) {
+      std::copy_n(Result(groupFirst, tile + r) + block, kTileCols, values + r * kTileCols);
+    }
+    kernels::Kernels().tileFused(fN - tileEnd, {fA + PackedRow(tileEnd) + tile, tileEnd + 1, 1},
+                                 {fA + PackedRow(tileEnd) + block, tileEnd + 1, 1},
+                                 {values, kTileCols, 0});
+    for (int r = 0; r < kTileRows; ++r) {
+      std::copy_n(values + r * kTileCols, last - block, Result(groupFirst, tile + r) + block);
+    }
+  }
+
+  double * fA;
+  int fN;
+  std::size_t fPitch;
+  std::vector<double> fBuffer;  // kGroupRows rows of the product
+};
 
 }  // namespace
 
@@ -237,7 +290,7 @@ void QVSymMatrix::LTLTransL() {
   if (fNRows < kFusedOrder) {
     MultiplyTransposedSmall(fElements.data(), fNRows);
   } else {
-    MultiplyTransposedLarge(fElements.data(), fNRows);
+    BlockedProduct(fElements.data(), fNRows).Run();
   }
 }
 

@@ -11,7 +11,6 @@ namespace QVMath_940 {
 
 namespace {
 
-using kernels::ConstRows;
 using kernels::kFusedOrder;
 using kernels::kTileRows;
 using kernels::PackedRow;
@@ -36,17 +35,28 @@ void SolveForwardSmall(const double * a, int n, const double * b, double * y) {
   }
 }
 
-// The same with the sums of kTileRows rows at a time.
+// Rows whose sums run side by side: two tiles hide the wait for each addition.
+constexpr int kSolveRows = 2 * kTileRows;
+
+// The same with the sums of kSolveRows rows at a time.
 void SolveForwardLarge(const double * a, int n, const double * b, double * y) {
-  for (int first = 0; first < n; first += kTileRows) {
-    const int rows = std::min(kTileRows, n - first);
-    double sums[kTileRows] = {};
-    kernels::Kernels().dotRowsFused(rows, {a + PackedRow(first), first + 1, 1}, y, At(first), sums);
-    for (int r = 0; r < rows; ++r) {
-      const int i = first + r;
-      const double * const row = a + PackedRow(i);
-      kernels::Kernels().dotRowsFused(1, {row + first, 0, 0}, y + first, At(r), sums + r);
-      y[i] = Divide(b[i] - sums[r], row[i]);
+  const auto addProducts = kernels::Kernels().dotRowsFused;
+  for (int first = 0; first < n; first += kSolveRows) {
+    const int end = std::min(first + kSolveRows, n);
+    double sums[kSolveRows] = {};
+    addProducts(end - first, {a + PackedRow(first), first + 1, 1}, y, At(first), sums);
+    for (int tile = first; tile < end; tile += kTileRows) {
+      const int tileEnd = std::min(tile + kTileRows, end);
+      for (int i = tile; i < tileEnd; ++i) {
+        const double * const row = a + PackedRow(i);
+        double & sum = sums[i - first];
+        addProducts(1, {row + tile, 0, 0}, y + tile, At(i - tile), &sum);
+        y[i] = Divide(b[i] - sum, row[i]);
+      }
+      if (tileEnd < end) {
+        addProducts(end - tileEnd, {a + PackedRow(tileEnd) + tile, tileEnd + 1, 1}, y + tile,
+                    At(tileEnd - tile), sums + (tileEnd - first));
+      }
     }
   }
 }
@@ -64,19 +74,14 @@ void SolveBackwardSmall(const double * a, int n, const double * y, double * x) {
   }
 }
 
+// The same with the additions fused, row after row as they stand in memory.
 void SolveBackwardLarge(const double * a, int n, const double * y, double * x) {
+  const auto addRow = kernels::Kernels().axpyFused;
   std::vector<double> sums(At(n), 0.0);
-  for (int last = n; last > 0; last -= kTileRows) {
-    const int first = std::max(last - kTileRows, 0);
-    double found[kTileRows];  // x of the block, last row first
-    for (int j = last - 1; j >= first; --j) {
-      const double * const row = a + PackedRow(j);
-      x[j] = Divide(y[j] - sums[At(j)], row[j]);
-      found[last - 1 - j] = x[j];
-      kernels::Kernels().axpyFused(At(j - first), x[j], row + first, sums.data() + first);
-    }
-    const ConstRows rowsUpward{a + PackedRow(last - 1), -(last - 1), 1};
-    kernels::Kernels().combineFused(last - first, found, rowsUpward, At(first), sums.data());
+  for (int j = n - 1; j >= 0; --j) {
+    const double * const row = a + PackedRow(j);
+    x[j] = Divide(y[j] - sums[At(j)], row[j]);
+    addRow(At(j), x[j], row, sums.data());
   }
 }
 

@@ -7,6 +7,7 @@
 #include "QVRectMatrix.h"
 #include "QVSparseVector.h"
 #include "math/matrix/allocation_limit.h"
+#include "math/matrix/rectangular/not_dense.h"
 #include "math/matrix/reference.h"
 
 namespace {
@@ -185,6 +186,19 @@ TEST(RectMatrixCopying, InvalidMatrixIsRefused) {
   EXPECT_FALSE(out.CopyRows(broken, 0, 0));
   EXPECT_FALSE(out.CopyColumns(broken, 0, 0));
   ExpectEqual(out, Sample());
+}
+
+TEST(RectMatrixCopying, TargetsMustBeDense) {
+  reference::SaysSparse target(2, 2, true);
+  EXPECT_FALSE(Sample().CreateBlockDiagonal(1, target));
+  EXPECT_EQ(Sample().ExtractRows({0}, target), -1);
+  EXPECT_EQ(Sample().ExtractColumns({0}, target), -1);
+  EXPECT_FALSE(Sample().ShiftColumns(0, target));
+  EXPECT_FALSE(Sample().ShiftRows(0, target));
+  ExpectEqual(target, QVRectMatrix(2, 2, true));
+  QVRectMatrix r(2, 3, true);
+  EXPECT_TRUE(r.CopyRows(reference::SaysSparse(Sample()), 1, 1));
+  ExpectEqual(r, Rect({{4, 5, 6}, {0, 0, 0}}));
 }
 
 TEST(RectMatrixCopying, FailedAllocationMakesTheTargetInvalid) {

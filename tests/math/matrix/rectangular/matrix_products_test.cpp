@@ -9,7 +9,9 @@
 #include "QVRectMatrix.h"
 #include "QVSymMatrix.h"
 #include "math/matrix/allocation_limit.h"
+#include "math/matrix/rectangular/not_dense.h"
 #include "math/matrix/reference.h"
+#include "math/matrix/symmetric/factor_examples.h"
 
 namespace {
 
@@ -150,6 +152,39 @@ TEST(RectMatrixProducts, WithSymmetric) {
     EXPECT_TRUE(r1.ComputeR1TransSR2(s, b, out));
     ExpectEqual(out, Product(r, Product(Square(s), b)));
   }
+}
+
+TEST(RectMatrixProducts, OperandsOfOtherClasses) {
+  const QVRectMatrix a = RandomRect(5, 4, 1);
+  const QVRectMatrix b = RandomRect(4, 6, 2);
+  const QVSymMatrix s = RandomSym(4, 3);
+  QVRectMatrix out;
+  EXPECT_TRUE(a.ComputeMatrixProduct(reference::SaysSparse(b), out));
+  ExpectEqual(out, Product(a, b));
+  EXPECT_TRUE(a.ComputeProductMatrixTrans(reference::SaysSparse(Transposed(b)), out));
+  ExpectEqual(out, Product(a, b));
+  EXPECT_TRUE(Transposed(a).ComputeR1TransSR2(s, reference::SaysSparse(b), out));
+  ExpectEqual(out, Product(a, Product(Square(s), b)));
+  EXPECT_EQ(a.DotProductRowCol(1, reference::SaysSparse(b), 2), Product(a, b).GetElem(1, 2));
+}
+
+TEST(RectMatrixProducts, TargetsMustBeDense) {
+  const QVRectMatrix a = RandomRect(3, 3, 1);
+  const QVSymMatrix s = RandomSym(3, 3);
+  reference::SaysSparse out(2, 2, true);
+  EXPECT_FALSE(a.ComputeMatrixProduct(a, out));
+  EXPECT_FALSE(a.ComputeMatrixProduct(s, out));
+  EXPECT_FALSE(a.ComputeDiagR({1, 2, 3}, out));
+  EXPECT_FALSE(a.ComputeBlockDiagSR(s, out, 1));
+  EXPECT_FALSE(a.ComputeR1TransSR2(s, a, out));
+  ExpectEqual(out, QVRectMatrix(2, 2, true));
+}
+
+TEST(RectMatrixTraces, NeedADenseMatrix) {
+  const reference::NotDense s(3, true);
+  const QVRectMatrix r = RandomRect(3, 3, 1);
+  EXPECT_TRUE(QVCommon_940::QVMV::IsMissing(r.TraceOfProductSqS(s)));
+  EXPECT_TRUE(QVCommon_940::QVMV::IsMissing(r.TraceOfProductSubMatSym(0, 0, s)));
 }
 
 TEST(RectMatrixProducts, BlockDiagonalCopies) {
