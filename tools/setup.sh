@@ -41,7 +41,7 @@ need() {
   echo "Installing with apt-get:$missing"
   $as_root apt-get update -qq </dev/null &&
     $as_root env DEBIAN_FRONTEND=noninteractive \
-      apt-get install -y -qq --no-install-recommends $missing </dev/null >/dev/null
+      apt-get install -y -qq -o Dpkg::Use-Pty=0 --no-install-recommends $missing </dev/null >/dev/null
 }
 
 # ccache makes repeated builds quick where it happens to be there; nothing depends on it.
