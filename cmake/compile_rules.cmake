@@ -3,18 +3,13 @@
 # -ffp-contract=off: the compiler never fuses a product and a sum by itself, so that a result is
 # the same under every compiler and on every CPU. Kernels that fuse say so with std::fma.
 # -fno-math-errno: sqrt and its kin need not set errno; no result changes.
-# -Wno-error=restrict: GCC 12 sees an overlap in "literal" + std::string (its bug 105651).
+# -Wno-restrict: GCC 12 sees an overlap in "literal" + std::string (its bug 105651).
 function(qvcommon_compile_rules target)
   target_compile_options(${target} PRIVATE
     -ffp-contract=off -fno-math-errno
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-<<<<<<< HEAD
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>  # false alarms on "text" + std::string (GCC bug 105651)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${QVCOMMON_WARNINGS_AS_ERRORS}>:-Werror>)
-=======
-    $<$<BOOL:${QVCOMMON_WARNINGS_AS_ERRORS}>:-Werror>
-    $<$<AND:$<BOOL:${QVCOMMON_WARNINGS_AS_ERRORS}>,$<CXX_COMPILER_ID:GNU>>:-Wno-error=restrict>)
->>>>>>> frame
 endfunction()
 
 # Sanitizers and coverage are chosen by the presets through this one variable.
