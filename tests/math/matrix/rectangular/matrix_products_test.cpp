@@ -7,7 +7,6 @@
 
 #include "QVMV.h"
 #include "QVRectMatrix.h"
-#include "QVSparseRectMatrix.h"
 #include "QVSymMatrix.h"
 #include "math/matrix/allocation_limit.h"
 #include "math/matrix/rectangular/not_dense.h"
@@ -153,27 +152,6 @@ TEST(RectMatrixProducts, WithSymmetric) {
     EXPECT_TRUE(r1.ComputeR1TransSR2(s, b, out));
     ExpectEqual(out, Product(r, Product(Square(s), b)));
   }
-}
-
-TEST(RectMatrixProducts, SparseOperands) {
-  const auto sparse = [](const QVRectMatrix & dense) {
-    QVMath_940::QVSparseRectMatrix copy(dense.GetNRows(), dense.GetNCols(), dense.GetNCols());
-    copy.SetNRowsCols(dense.GetNRows(), dense.GetNCols(), true);
-    for (int i = 0; i < dense.GetNRows(); ++i) {
-      for (int j = 0; j < dense.GetNCols(); ++j) {
-        copy.SetElem(i, j, dense.GetElem(i, j));
-      }
-    }
-    return copy;
-  };
-  const QVRectMatrix a = RandomRect(5, 4, 1);
-  const QVRectMatrix b = RandomRect(4, 6, 2);
-  QVRectMatrix out;
-  EXPECT_TRUE(a.ComputeMatrixProduct(sparse(b), out));
-  ExpectEqual(out, Product(a, b));
-  EXPECT_TRUE(a.ComputeProductMatrixTrans(sparse(Transposed(b)), out));
-  ExpectEqual(out, Product(a, b));
-  EXPECT_EQ(a.DotProductRowCol(1, sparse(b), 2), Product(a, b).GetElem(1, 2));
 }
 
 TEST(RectMatrixProducts, TargetsMustBeDense) {
